@@ -1,0 +1,5 @@
+#include "KalCommand.h"
+
+KalCommand::KalCommand() = default;
+
+KalCommand::~KalCommand() = default;

@@ -136,19 +136,19 @@ void KalPluginsManager::activateExtension(KalExtension* extension)
         extension->createWidget();
     }
     // Editors are driven by the docks that show them; the host only makes and
-    // destroys their widgets.
+    // destroys their widgets. Other extensions decide on activation whether
+    // they are visible (a dock with nothing to show stays hidden), so the host
+    // does not show them itself.
     if (isEditor(extension) || extension->m_active)
         return;
     extension->m_active = true;
     extension->activate();
-    extension->show();
 }
 
 void KalPluginsManager::deactivateExtension(KalExtension* extension)
 {
     if (!extension->m_active)
         return;
-    extension->hide();
     extension->m_active = false;
     extension->deactivate();
 }

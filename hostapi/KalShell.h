@@ -28,12 +28,11 @@ public:
 
     virtual ~KalShell();
 
-    // Made on first use; it lives until the application object goes away.
+    // Made on first use.
     QMainWindow* getMainWindow();
 
 private:
     friend class KalExtension;
-    friend class HostLifetime;
 
     KalShell();
     KalShell(const KalShell&) = delete;
@@ -41,7 +40,6 @@ private:
 
     QMenu* extensionsMenu();
     void setExtensionShown(KalExtension* extension, bool shown);
-    QMainWindow* getMainWindowIfAny() const { return m_mainWindow; }
 
     QPointer<QMainWindow> m_mainWindow;
     struct Attachment

@@ -1,6 +1,5 @@
 #include "KalPluginsManager.h"
 
-#include "HostLifetime.h"
 #include "KalEditor.h"
 #include "KalExtension.h"
 #include "KalPlugin.h"
@@ -53,22 +52,14 @@ struct KalPluginsManager::LoadedPlugin
 
 KalPluginsManager* KalPluginsManager::getInstance()
 {
-    static KalPluginsManager instance;
-    return &instance;
+    // Never destroyed, like the other host singletons (see KalShell).
+    static KalPluginsManager* instance = new KalPluginsManager;
+    return instance;
 }
 
-KalPluginsManager::KalPluginsManager()
-{
-    // Made first, so that they are destroyed after the manager, which still
-    // needs them to unload what is left at exit.
-    KalServices::getInstance();
-    KalShell::getInstance();
-}
+KalPluginsManager::KalPluginsManager() = default;
 
-KalPluginsManager::~KalPluginsManager()
-{
-    unloadAll();
-}
+KalPluginsManager::~KalPluginsManager() = default;
 
 const std::list<KalProfile*>& KalPluginsManager::getProfilesList() const
 {
@@ -186,7 +177,6 @@ void KalPluginsManager::extendDefaultProfile()
 KalPlugin* KalPluginsManager::loadPlugin(const QString& path)
 {
     m_lastError.clear();
-    HostLifetime::ensureShutdownHook();
 
     const QFileInfo info(path);
     if (path.isEmpty() || !info.exists()) {

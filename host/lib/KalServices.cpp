@@ -7,8 +7,9 @@
 
 KalServices* KalServices::getInstance()
 {
-    static KalServices instance;
-    return &instance;
+    // Never destroyed, like the other host singletons (see KalShell).
+    static KalServices* instance = new KalServices;
+    return instance;
 }
 
 KalServices::KalServices()

@@ -1,6 +1,5 @@
 #include "KalShell.h"
 
-#include "HostLifetime.h"
 #include "KalExtension.h"
 
 #include <QAction>
@@ -41,23 +40,23 @@ bool isToolBarArea(int area)
 
 } // namespace
 
+// The host's singletons live until the process ends and are never destroyed:
+// by the time static destructors run the application object is gone, and
+// widgets can no longer be deleted safely. The host application unloads its
+// plug-ins before it leaves main().
 KalShell* KalShell::getInstance()
 {
-    static KalShell instance;
-    return &instance;
+    static KalShell* instance = new KalShell;
+    return instance;
 }
 
 KalShell::KalShell() = default;
 
-KalShell::~KalShell()
-{
-    delete m_mainWindow.data();
-}
+KalShell::~KalShell() = default;
 
 QMainWindow* KalShell::getMainWindow()
 {
     if (!m_mainWindow) {
-        HostLifetime::ensureShutdownHook();
         m_mainWindow = new QMainWindow;
         m_mainWindow->setObjectName(QStringLiteral("KalibraMainWindow"));
         m_mainWindow->setWindowTitle(QObject::tr("Kalibra"));

@@ -3,14 +3,12 @@
 SoTypedObject::SoTypedObject(SoField* field)
     : m_kind(field ? Kind::Field : Kind::None)
     , m_object(field)
-{
-}
+{}
 
 SoTypedObject::SoTypedObject(SoFieldContainer* container)
     : m_kind(container ? Kind::Container : Kind::None)
     , m_object(container)
-{
-}
+{}
 
 SoType SoTypedObject::getTypeId() const
 {

@@ -56,7 +56,7 @@ public:
         } else {
             SoFieldContainer* container = toFieldContainer();
             return container && container->isOfType(T::getClassTypeId()) ? static_cast<T*>(container)
-                                                                          : nullptr;
+                                                                         : nullptr;
         }
     }
 
@@ -64,7 +64,12 @@ public:
     bool operator!=(const SoTypedObject& other) const { return m_object != other.m_object; }
 
 private:
-    enum class Kind { None, Field, Container };
+    enum class Kind
+    {
+        None,
+        Field,
+        Container
+    };
     Kind m_kind = Kind::None;
     void* m_object = nullptr;
 };

@@ -1,0 +1,8 @@
+#include "SoErrorStack.h"
+
+template class SoErrorClass<SoErrorStack>;
+
+void SoErrorStack::initClass()
+{
+    initErrorClass("ErrorStack");
+}

@@ -1,0 +1,8 @@
+#include "SoGLError.h"
+
+template class SoErrorClass<SoGLError>;
+
+void SoGLError::initClass()
+{
+    initErrorClass("GLError");
+}

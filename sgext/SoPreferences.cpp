@@ -1,0 +1,50 @@
+#include "SoPreferences.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+struct Spelling
+{
+    const char* text;
+    SbBool value;
+};
+
+const Spelling kSpellings[] = {
+    {"true", TRUE}, {"false", FALSE}, {"1", TRUE},  {"0", FALSE},
+    {"yes", TRUE},  {"no", FALSE},    {"on", TRUE}, {"off", FALSE},
+};
+
+std::string normalised(const char* text)
+{
+    std::string word;
+    for (const char* c = text; *c; ++c) {
+        if (!std::isspace(static_cast<unsigned char>(*c)))
+            word += char(std::tolower(static_cast<unsigned char>(*c)));
+        else if (!word.empty())
+            word += ' ';
+    }
+    while (!word.empty() && word.back() == ' ')
+        word.pop_back();
+    return word;
+}
+
+} // namespace
+
+SbBool SoPreferences::getBool(const char* name, SbBool defaultValue)
+{
+    if (!name || !*name)
+        return defaultValue;
+    const char* text = std::getenv(name);
+    if (!text)
+        return defaultValue;
+    const std::string word = normalised(text);
+    for (const Spelling& spelling : kSpellings) {
+        if (word == spelling.text)
+            return spelling.value;
+    }
+    return defaultValue;
+}

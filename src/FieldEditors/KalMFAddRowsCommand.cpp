@@ -1,0 +1,44 @@
+#include "KalMFAddRowsCommand.h"
+
+#include <SoMFieldNotify.h>
+
+#include <Inventor/fields/SoMField.h>
+
+#include <algorithm>
+
+// Row commands keep indices as the table gave them, but a bad index or count
+// must never reach the field: out of range, the command does nothing.
+KalMFAddRowsCommand::KalMFAddRowsCommand(SoMField* field, int start, int count)
+    : field(field)
+    , start(start)
+    , count(std::max(count, 0))
+{}
+
+KalMFAddRowsCommand::~KalMFAddRowsCommand() = default;
+
+void KalMFAddRowsCommand::execute()
+{
+    if (!field || count == 0 || start < 0 || start > field->getNum())
+        return;
+    // One notification for the whole insertion, not one per value.
+    const SbBool notifying = field->enableNotify(FALSE);
+    field->insertSpace(start, count);
+    // An empty quoted string: a string field gets an empty string, other
+    // types keep what insertSpace put there.
+    for (int i = start; i < start + count; ++i)
+        field->set1(i, "\"\"");
+    field->enableNotify(notifying);
+    SoMFieldNotify::valueChanged(field);
+}
+
+void KalMFAddRowsCommand::undo()
+{
+    if (!field || count == 0 || start < 0 || start + count > field->getNum())
+        return;
+    field->deleteValues(start, count);
+}
+
+void KalMFAddRowsCommand::redo()
+{
+    execute();
+}

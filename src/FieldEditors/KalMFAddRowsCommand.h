@@ -1,0 +1,23 @@
+#pragma once
+
+#include <KalCommand.h>
+
+class SoMField;
+
+// Inserting `count` values at `start` of a multiple-value field. The table
+// pushes it without touching the field: execute() makes the change.
+class KalMFAddRowsCommand : public KalCommand
+{
+public:
+    KalMFAddRowsCommand(SoMField* field, int start, int count);
+    ~KalMFAddRowsCommand() override;
+
+    void execute() override;
+    void undo() override;
+    void redo() override;
+
+private:
+    SoMField* field;
+    int start;
+    int count;
+};

@@ -1,0 +1,44 @@
+#include "KalMFSetValueCommand.h"
+
+#include <SbStringNull.h>
+
+#include <Inventor/fields/SoMField.h>
+
+namespace {
+bool holds(const SoMField* field, int index)
+{
+    return field && index >= 0 && index < field->getNum();
+}
+} // namespace
+
+KalMFSetValueCommand::KalMFSetValueCommand(SoMField* field, int index, SbString& previousText)
+    : field(field)
+    , index(index)
+{
+    if (!SbStringNull::isNullOrEmpty(previousText)) {
+        oldText = previousText;
+        SbStringNull::makeNull(previousText);
+    } else if (holds(field, index)) {
+        field->get1(index, oldText);
+    }
+}
+
+KalMFSetValueCommand::~KalMFSetValueCommand() = default;
+
+void KalMFSetValueCommand::execute()
+{
+    if (holds(field, index))
+        field->get1(index, newText);
+}
+
+void KalMFSetValueCommand::undo()
+{
+    if (holds(field, index))
+        field->set1(index, oldText.getString());
+}
+
+void KalMFSetValueCommand::redo()
+{
+    if (holds(field, index))
+        field->set1(index, newText.getString());
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <KalCommand.h>
+
+class SoMField;
+
+// Exchanging two values of a multiple-value field; an exchange is its own
+// inverse, so undo and redo both exchange again.
+class KalMFSwapRowsCommand : public KalCommand
+{
+public:
+    KalMFSwapRowsCommand(SoMField* field, int row1, int row2);
+    ~KalMFSwapRowsCommand() override;
+
+    void execute() override;
+    void undo() override;
+    void redo() override;
+
+private:
+    SoMField* field;
+    int row1;
+    int row2;
+};

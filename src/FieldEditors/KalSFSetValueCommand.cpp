@@ -1,0 +1,36 @@
+#include "KalSFSetValueCommand.h"
+
+#include <SbStringNull.h>
+
+#include <Inventor/fields/SoField.h>
+
+KalSFSetValueCommand::KalSFSetValueCommand(SoField* field, SbString& previousValue)
+    : field(field)
+{
+    if (!SbStringNull::isNullOrEmpty(previousValue)) {
+        this->previousValue = previousValue;
+        SbStringNull::makeNull(previousValue);
+    } else if (field) {
+        field->get(this->previousValue);
+    }
+}
+
+KalSFSetValueCommand::~KalSFSetValueCommand() = default;
+
+void KalSFSetValueCommand::execute()
+{
+    if (field)
+        field->get(newValue);
+}
+
+void KalSFSetValueCommand::undo()
+{
+    if (field)
+        field->set(previousValue.getString());
+}
+
+void KalSFSetValueCommand::redo()
+{
+    if (field)
+        field->set(newValue.getString());
+}

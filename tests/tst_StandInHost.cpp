@@ -43,8 +43,7 @@ class CountingCommand : public KalCommand
 public:
     explicit CountingCommand(Counters& counters)
         : m_counters(counters)
-    {
-    }
+    {}
     ~CountingCommand() override { ++m_counters.deleted; }
     void execute() override { ++m_counters.executed; }
     void undo() override { ++m_counters.undone; }
@@ -133,16 +132,20 @@ void tst_StandInHost::loadFailure_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("message");
     QTest::newRow("missing file") << QStringLiteral("/nonexistent/libNothing.so")
-                                  << QStringLiteral("The plug-in file \"/nonexistent/libNothing.so\" does not exist.");
+                                  << QStringLiteral(
+                                         "The plug-in file \"/nonexistent/libNothing.so\" does not exist.");
     QTest::newRow("empty path") << QString() << QStringLiteral("The plug-in file \"\" does not exist.");
-    QTest::newRow("directory") << kFixtureDir << QStringLiteral("is not a plug-in library: it is not a file.");
+    QTest::newRow("directory") << kFixtureDir
+                               << QStringLiteral("is not a plug-in library: it is not a file.");
     QTest::newRow("not a library") << QStringLiteral(KAL_TEST_DATA_DIR "/not-a-plugin.so")
-                                   << QStringLiteral("is not a plug-in library: the system could not load it");
+                                   << QStringLiteral(
+                                          "is not a plug-in library: the system could not load it");
     QTest::newRow("no entry points") << fixture("KalFixtureNoEntry")
-                                     << QStringLiteral("is a library but not a Kalibra plug-in: its entry point "
-                                                       "\"loadPlugin\" is missing.");
-    QTest::newRow("no plug-in object") << fixture("KalFixtureNullPlugin")
-                                       << QStringLiteral("could not create its plug-in object.");
+                                     << QStringLiteral(
+                                            "is a library but not a Kalibra plug-in: its entry point "
+                                            "\"loadPlugin\" is missing.");
+    QTest::newRow("no plug-in object")
+        << fixture("KalFixtureNullPlugin") << QStringLiteral("could not create its plug-in object.");
 }
 
 void tst_StandInHost::loadFailure()
@@ -171,9 +174,8 @@ void tst_StandInHost::loadFollowsCallingOrder()
 
     // The editor only gets its widget: the docks activate editors, not the host.
     const QStringList expected = {
-        "entry:loadPlugin",   "Recorder:load", "Alpha:createWidget", "Alpha:activate",
-        "Alpha:show",         "Beta:createWidget", "Beta:activate",  "Beta:show",
-        "Gamma:createWidget",
+        "entry:loadPlugin",  "Recorder:load", "Alpha:createWidget", "Alpha:activate",     "Alpha:show",
+        "Beta:createWidget", "Beta:activate", "Beta:show",          "Gamma:createWidget",
     };
     QCOMPARE(takeLog(), expected);
 
@@ -221,7 +223,8 @@ void tst_StandInHost::loadSamePluginTwiceIsRefused()
     QVERIFY(manager->loadPlugin(fixture("KalFixtureRecorder")));
     takeLog();
     QCOMPARE(manager->loadPlugin(fixture("KalFixtureRecorder")), nullptr);
-    QVERIFY2(manager->lastError().contains(QStringLiteral("already loaded")), qPrintable(manager->lastError()));
+    QVERIFY2(manager->lastError().contains(QStringLiteral("already loaded")),
+             qPrintable(manager->lastError()));
     QVERIFY(takeLog().isEmpty());
 }
 
@@ -328,10 +331,9 @@ void tst_StandInHost::unloadFollowsCallingOrder()
     takeLog();
     KalPluginsManager::getInstance()->unloadAll();
     const QStringList expected = {
-        "Beta:deactivate",     "Alpha:deactivate",
-        "Gamma:destroyWidget", "Beta:destroyWidget", "Alpha:destroyWidget", "Recorder:unload",
-        "entry:unloadPlugin",  "Recorder:destroyed", "Gamma:destroyed",     "Beta:destroyed",
-        "Alpha:destroyed",
+        "Beta:deactivate",     "Alpha:deactivate", "Gamma:destroyWidget", "Beta:destroyWidget",
+        "Alpha:destroyWidget", "Recorder:unload",  "entry:unloadPlugin",  "Recorder:destroyed",
+        "Gamma:destroyed",     "Beta:destroyed",   "Alpha:destroyed",
     };
     QCOMPARE(takeLog(), expected);
 

@@ -14,9 +14,40 @@
 #include <QDir>
 #include <QTextStream>
 
+#include <vector>
+
+namespace {
+
+// Qt takes "-plugin NAME" for a platform input plug-in and would swallow our
+// own --plugin, so our options are read from the command line as it was
+// given and Qt only sees the rest.
+std::vector<char*> argumentsForQt(int argc, char** argv)
+{
+    std::vector<char*> kept;
+    for (int i = 0; i < argc; ++i) {
+        const QByteArray argument(argv[i]);
+        if (argument == "--plugin" || argument == "-plugin") {
+            ++i;
+            continue;
+        }
+        if (argument.startsWith("--plugin=") || argument.startsWith("-plugin="))
+            continue;
+        kept.push_back(argv[i]);
+    }
+    kept.push_back(nullptr);
+    return kept;
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
-    QApplication app(argc, argv);
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    std::vector<char*> qtArguments = argumentsForQt(argc, argv);
+    int qtArgc = int(qtArguments.size()) - 1;
+    QApplication app(qtArgc, qtArguments.data());
     QApplication::setApplicationName(QStringLiteral("kalhost"));
     QApplication::setApplicationVersion(QStringLiteral("1.0.0"));
 
@@ -30,7 +61,7 @@ int main(int argc, char** argv)
     QCommandLineOption pluginOption(QStringLiteral("plugin"), QStringLiteral("The plug-in library to load."),
                                     QStringLiteral("PATH"), QDir::cleanPath(defaultPlugin));
     parser.addOption(pluginOption);
-    parser.process(app);
+    parser.process(arguments);
 
     SoDB::init();
     SoKalExtensions::init();

@@ -4,8 +4,7 @@
 
 HostUndoCommand::HostUndoCommand(KalCommand* command)
     : m_command(command)
-{
-}
+{}
 
 HostUndoCommand::~HostUndoCommand() = default;
 

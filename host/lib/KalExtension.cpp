@@ -16,13 +16,9 @@ KalExtension::~KalExtension()
 
 // The host keeps the activation state itself; these are the places where a
 // host with more to do on activation would do it.
-void KalExtension::activate()
-{
-}
+void KalExtension::activate() {}
 
-void KalExtension::deactivate()
-{
-}
+void KalExtension::deactivate() {}
 
 void KalExtension::hide()
 {

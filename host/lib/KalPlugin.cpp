@@ -4,13 +4,9 @@ KalPlugin::KalPlugin() = default;
 
 KalPlugin::~KalPlugin() = default;
 
-void KalPlugin::load()
-{
-}
+void KalPlugin::load() {}
 
-void KalPlugin::unload()
-{
-}
+void KalPlugin::unload() {}
 
 void KalPlugin::addExtension(KalExtension* extension)
 {

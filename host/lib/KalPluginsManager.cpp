@@ -197,9 +197,8 @@ KalPlugin* KalPluginsManager::loadPlugin(const QString& path)
 
     auto library = std::make_unique<QLibrary>(canonical);
     if (!library->load()) {
-        m_lastError =
-            tr("\"%1\" is not a plug-in library: the system could not load it (%2).")
-                .arg(path, library->errorString());
+        m_lastError = tr("\"%1\" is not a plug-in library: the system could not load it (%2).")
+                          .arg(path, library->errorString());
         return nullptr;
     }
     auto loadEntry = reinterpret_cast<LoadPluginFunction>(library->resolve("loadPlugin"));

@@ -5,8 +5,7 @@
 KalProfile::KalProfile(const SbString& name)
     : m_name(name)
     , m_setting(std::make_unique<KalProfileSetting>())
-{
-}
+{}
 
 KalProfile::~KalProfile() = default;
 

@@ -1,0 +1,56 @@
+#include "KalDefaults.h"
+
+#include <KalExtension.h>
+
+#include <new>
+
+namespace {
+KalDefaults* s_instance = nullptr;
+}
+
+KalDefaults::KalDefaults()
+{
+    name = "KalDefaults";
+    author = "Quelvo";
+    description = "Plug-in which loads Kalibra default extensions.";
+    version = "1.0.0";
+}
+
+KalDefaults::~KalDefaults() = default;
+
+// Registration follows the member order, with one exception the host has
+// always relied on: the file path editor is registered sixth.
+KalDefaults::Registration KalDefaults::registrationOrder()
+{
+    return Registration{
+        &m_fieldEditorDock,
+        &m_nodeEditor,
+    };
+}
+
+void KalDefaults::load()
+{
+    for (KalExtension* extension : registrationOrder())
+        addExtension(extension);
+    KalPlugin::load();
+}
+
+KalDefaults* KalDefaults::create()
+{
+    // One plug-in object per library: a second call hands back the live one
+    // rather than orphaning the extensions the host already holds.
+    if (!s_instance)
+        s_instance = new (std::nothrow) KalDefaults;
+    return s_instance;
+}
+
+void KalDefaults::destroy()
+{
+    delete s_instance;
+    s_instance = nullptr;
+}
+
+KalDefaults* KalDefaults::instance()
+{
+    return s_instance;
+}

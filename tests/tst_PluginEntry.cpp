@@ -1,0 +1,162 @@
+// The plug-in's entry points and its plug-in object, both linked directly and
+// loaded as the real module through the stand-in host.
+#include <KalDefaults.h>
+#include <KalExtension.h>
+#include <KalPlugin.h>
+#include <KalPluginsManager.h>
+#include <KalProfile.h>
+#include <KalServices.h>
+#include <SoKalExtensions.h>
+
+#include <Inventor/SoDB.h>
+
+#include <QLibrary>
+#include <QtTest>
+
+namespace {
+
+// The host's view of the plug-in, in registration order: the member order,
+// except that the file path editor comes sixth. Extensions that are not built
+// yet are simply absent; those that exist must appear in this order.
+const QStringList kRegistrationOrder = {
+    "Profile Selector", "Console",      "MFColor",     "MField",     "MFDouble",   "SFFilePathString",
+    "MFFloat",          "MFInt32",      "MFMatrix",    "MFPlane",    "MFRotation", "MFShort",
+    "MFString",         "MFUInt32",     "MFUShort",    "MFVec2f",    "MFVec2i32",  "MFVec2s",
+    "MFVec3f",          "MFVec4f",      "SFBitMask",   "SFBool",     "SFBox3s",    "SFColor",
+    "SFEnum",           "SFDouble",     "SFFloat",     "SFImage",    "SFInt32",    "SField",
+    "SFMatrix",         "SFName",       "SFPlane",     "SFRotation", "SFShort",    "SFString",
+    "SFUInt32",         "SFUShort",     "SFVec2f",     "SFVec2i32",  "SFVec2s",    "SFVec3f",
+    "SFVec4f",          "Field Editor", "Node Editor",
+};
+
+QStringList extensionNames(const KalPlugin* plugin)
+{
+    QStringList names;
+    for (KalExtension* extension : plugin->getExtensions())
+        names << QString::fromUtf8(extension->name.getString());
+    return names;
+}
+
+// True when every name of `names` appears in `order`, in the same order.
+bool followsOrder(const QStringList& names, const QStringList& order)
+{
+    int from = 0;
+    for (const QString& name : names) {
+        const int at = order.indexOf(name, from);
+        if (at < 0)
+            return false;
+        from = at + 1;
+    }
+    return true;
+}
+
+} // namespace
+
+class tst_PluginEntry : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void cleanup();
+
+    void descriptors();
+    void destroyWithoutCreateIsHarmless();
+    void createIsOnePerLibrary();
+    void loadRegistersInOrder();
+    void moduleEntryPointsThroughTheHost();
+    void moduleUnloadWithoutLoadIsHarmless();
+};
+
+void tst_PluginEntry::initTestCase()
+{
+    SoDB::init();
+    SoKalExtensions::init();
+    QCOMPARE(kRegistrationOrder.size(), 45);
+    QCOMPARE(kRegistrationOrder.at(5), QStringLiteral("SFFilePathString"));
+}
+
+void tst_PluginEntry::cleanup()
+{
+    KalPluginsManager::getInstance()->unloadAll();
+    KalDefaults::destroy();
+}
+
+void tst_PluginEntry::descriptors()
+{
+    KalDefaults plugin;
+    QCOMPARE(QString::fromUtf8(plugin.name.getString()), QStringLiteral("KalDefaults"));
+    QCOMPARE(QString::fromUtf8(plugin.author.getString()), QStringLiteral("Quelvo"));
+    QCOMPARE(QString::fromUtf8(plugin.description.getString()),
+             QStringLiteral("Plug-in which loads Kalibra default extensions."));
+    QCOMPARE(QString::fromUtf8(plugin.version.getString()), QStringLiteral("1.0.0"));
+    QVERIFY(plugin.getExtensions().empty());
+}
+
+void tst_PluginEntry::destroyWithoutCreateIsHarmless()
+{
+    QCOMPARE(KalDefaults::instance(), nullptr);
+    KalDefaults::destroy();
+    QCOMPARE(KalDefaults::instance(), nullptr);
+    KalDefaults::destroy();
+    QCOMPARE(KalDefaults::instance(), nullptr);
+}
+
+void tst_PluginEntry::createIsOnePerLibrary()
+{
+    KalDefaults* first = KalDefaults::create();
+    QVERIFY(first);
+    QCOMPARE(KalDefaults::instance(), first);
+    QCOMPARE(KalDefaults::create(), first);
+    KalDefaults::destroy();
+    QCOMPARE(KalDefaults::instance(), nullptr);
+}
+
+void tst_PluginEntry::loadRegistersInOrder()
+{
+    KalDefaults* plugin = KalDefaults::create();
+    plugin->load();
+    QStringList names = extensionNames(plugin);
+    QVERIFY2(followsOrder(names, kRegistrationOrder), qPrintable(names.join(QStringLiteral(", "))));
+    QCOMPARE(names.removeDuplicates(), 0);
+}
+
+void tst_PluginEntry::moduleEntryPointsThroughTheHost()
+{
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    KalPlugin* plugin = manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+    QVERIFY2(plugin, qPrintable(manager->lastError()));
+    QCOMPARE(QString::fromUtf8(plugin->name.getString()), QStringLiteral("KalDefaults"));
+    QVERIFY(followsOrder(extensionNames(plugin), kRegistrationOrder));
+    QVERIFY(manager->getActiveProfile());
+    QCOMPARE(QString::fromUtf8(manager->getActiveProfile()->getName().getString()),
+             QStringLiteral("Default"));
+
+    manager->unloadAll();
+    QVERIFY(manager->getProfilesList().empty());
+
+    // Loading again after an unload gives a fresh, working plug-in.
+    plugin = manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+    QVERIFY2(plugin, qPrintable(manager->lastError()));
+}
+
+void tst_PluginEntry::moduleUnloadWithoutLoadIsHarmless()
+{
+    QLibrary module(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+    QVERIFY2(module.load(), qPrintable(module.errorString()));
+    auto unloadPlugin = reinterpret_cast<void (*)()>(module.resolve("unloadPlugin"));
+    auto loadPlugin = reinterpret_cast<KalPlugin* (*)()>(module.resolve("loadPlugin"));
+    QVERIFY(unloadPlugin && loadPlugin);
+
+    unloadPlugin();
+    unloadPlugin();
+    KalPlugin* plugin = loadPlugin();
+    QVERIFY(plugin);
+    QCOMPARE(QString::fromUtf8(plugin->name.getString()), QStringLiteral("KalDefaults"));
+    unloadPlugin();
+    unloadPlugin();
+    module.unload();
+}
+
+QTEST_MAIN(tst_PluginEntry)
+#include "tst_PluginEntry.moc"

@@ -20,6 +20,8 @@
 #include <QUndoStack>
 #include <QtTest>
 
+#include <memory>
+
 namespace {
 
 const QString kFixtureDir = QStringLiteral(KAL_FIXTURE_DIR);
@@ -29,7 +31,8 @@ QString fixture(const char* name)
     return kFixtureDir + QLatin1String("/lib") + QLatin1String(name) + QLatin1String(".so");
 }
 
-// A command that only counts what the history does with it.
+// A command that only counts what the history does with it. The counts are
+// shared, so a command the history deletes late never writes to freed memory.
 struct Counters
 {
     int executed = 0;
@@ -41,16 +44,16 @@ struct Counters
 class CountingCommand : public KalCommand
 {
 public:
-    explicit CountingCommand(Counters& counters)
+    explicit CountingCommand(const std::shared_ptr<Counters>& counters)
         : m_counters(counters)
     {}
-    ~CountingCommand() override { ++m_counters.deleted; }
-    void execute() override { ++m_counters.executed; }
-    void undo() override { ++m_counters.undone; }
-    void redo() override { ++m_counters.redone; }
+    ~CountingCommand() override { ++m_counters->deleted; }
+    void execute() override { ++m_counters->executed; }
+    void undo() override { ++m_counters->undone; }
+    void redo() override { ++m_counters->redone; }
 
 private:
-    Counters& m_counters;
+    std::shared_ptr<Counters> m_counters;
 };
 
 } // namespace
@@ -346,13 +349,13 @@ void tst_StandInHost::unloadEmptiesHistoryAndProfiles()
 {
     KalPluginsManager* manager = KalPluginsManager::getInstance();
     QVERIFY(manager->loadPlugin(fixture("KalFixtureRecorder")));
-    Counters counters;
+    auto counters = std::make_shared<Counters>();
     KalServices::getInstance()->pushCommand(new CountingCommand(counters));
     QCOMPARE(KalServices::getInstance()->commandCount(), 1);
 
     manager->unloadAll();
     QCOMPARE(KalServices::getInstance()->commandCount(), 0);
-    QCOMPARE(counters.deleted, 1);
+    QCOMPARE(counters->deleted, 1);
     QVERIFY(manager->getProfilesList().empty());
     QCOMPARE(manager->getActiveProfile(), nullptr);
 
@@ -364,52 +367,52 @@ void tst_StandInHost::unloadEmptiesHistoryAndProfiles()
 void tst_StandInHost::historyExecutesOnceThenUndoesAndRedoes()
 {
     KalServices* services = KalServices::getInstance();
-    Counters counters;
+    auto counters = std::make_shared<Counters>();
     auto* command = new CountingCommand(counters);
     services->pushCommand(command);
-    QCOMPARE(counters.executed, 1);
-    QCOMPARE(counters.redone, 0);
+    QCOMPARE(counters->executed, 1);
+    QCOMPARE(counters->redone, 0);
     QCOMPARE(services->commandCount(), 1);
     QCOMPARE(services->command(0), command);
     QCOMPARE(services->undoStack()->count(), 1);
 
     QVERIFY(services->undo());
-    QCOMPARE(counters.undone, 1);
+    QCOMPARE(counters->undone, 1);
     QVERIFY(!services->undo());
-    QCOMPARE(counters.undone, 1);
+    QCOMPARE(counters->undone, 1);
 
     QVERIFY(services->redo());
-    QCOMPARE(counters.redone, 1);
-    QCOMPARE(counters.executed, 1);
+    QCOMPARE(counters->redone, 1);
+    QCOMPARE(counters->executed, 1);
     QVERIFY(!services->redo());
 
     QVERIFY(services->undo());
     QVERIFY(services->redo());
-    QCOMPARE(counters.undone, 2);
-    QCOMPARE(counters.redone, 2);
-    QCOMPARE(counters.executed, 1);
+    QCOMPARE(counters->undone, 2);
+    QCOMPARE(counters->redone, 2);
+    QCOMPARE(counters->executed, 1);
 }
 
 void tst_StandInHost::historyOwnsCommands()
 {
     KalServices* services = KalServices::getInstance();
-    Counters first;
-    Counters second;
+    auto first = std::make_shared<Counters>();
+    auto second = std::make_shared<Counters>();
     services->pushCommand(new CountingCommand(first));
     services->pushCommand(new CountingCommand(second));
     QCOMPARE(services->commandCount(), 2);
 
     // A new command after an undo drops the undone one, as any history does.
     QVERIFY(services->undo());
-    Counters third;
+    auto third = std::make_shared<Counters>();
     services->pushCommand(new CountingCommand(third));
-    QCOMPARE(second.deleted, 1);
+    QCOMPARE(second->deleted, 1);
     QCOMPARE(services->commandCount(), 2);
 
     services->clearHistory();
     QCOMPARE(services->commandCount(), 0);
-    QCOMPARE(first.deleted, 1);
-    QCOMPARE(third.deleted, 1);
+    QCOMPARE(first->deleted, 1);
+    QCOMPARE(third->deleted, 1);
 }
 
 void tst_StandInHost::historyIgnoresNullAndBadIndices()
@@ -422,7 +425,7 @@ void tst_StandInHost::historyIgnoresNullAndBadIndices()
     QVERIFY(!services->undo());
     QVERIFY(!services->redo());
 
-    Counters counters;
+    auto counters = std::make_shared<Counters>();
     services->pushCommand(new CountingCommand(counters));
     QCOMPARE(services->command(1), nullptr);
     QVERIFY(services->command(0));

@@ -1,0 +1,145 @@
+#include "FxRealSlider.h"
+
+#include <QDoubleValidator>
+#include <QLineEdit>
+#include <QSlider>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+// The type limits and decimals of each precision.
+struct Precision
+{
+    double lowest;
+    double highest;
+    int decimals;
+};
+
+const Precision kFloatPrecision = {-3.4028234663852886e38, 3.4028234663852886e38, 6};
+const Precision kDoublePrecision = {-1.7976931348623157e308, 1.7976931348623157e308, 15};
+
+} // namespace
+
+FxRealSlider::FxRealSlider(int inTable, KalFieldEditors* editor, QWidget* parent, bool isFloat, int row,
+                           int column)
+    : FxSlider(inTable, editor, parent, row, column)
+    , isFloat(isFloat)
+{
+    const Precision& precision = isFloat ? kFloatPrecision : kDoublePrecision;
+    validator = new QDoubleValidator(precision.lowest, precision.highest, precision.decimals, this);
+    lineEdit->setValidator(validator);
+    quietly([this] { slider->setRange(0, 100); });
+}
+
+FxRealSlider::~FxRealSlider() = default;
+
+QString FxRealSlider::format(double number) const
+{
+    QString text;
+    if (isFloat)
+        text.setNum(number, 'f', 6);
+    else
+        text.setNum(number, 'g', 15);
+    return text;
+}
+
+int FxRealSlider::positionOf(double number) const
+{
+    // An empty span has no position mapping; the slider rests at its start.
+    const double span = topValue - bottomValue;
+    if (span == 0.0 || !std::isfinite(span) || !std::isfinite(number))
+        return 0;
+    const double place = 100.0 * (number - bottomValue) / span + 0.5;
+    const double limit = double(std::numeric_limits<int>::max());
+    return int(std::clamp(place, -limit, limit));
+}
+
+double FxRealSlider::valueOf(int position) const
+{
+    return bottomValue + position * (topValue - bottomValue) / 100.0;
+}
+
+void FxRealSlider::setRange(double min, double max, bool isBounded)
+{
+    bounded = isBounded;
+    if (bounded) {
+        bottomValue = min;
+        topValue = max;
+        validator->setBottom(min);
+        validator->setTop(max);
+        quietly([this, min, max] { slider->setRange(positionOf(min), positionOf(max)); });
+        return;
+    }
+    setTopValue(max);
+    setBottomValue(min);
+}
+
+void FxRealSlider::setTopValue(double top)
+{
+    if (bounded)
+        return;
+    topValue = top;
+    quietly([this] { slider->setMaximum(positionOf(topValue)); });
+}
+
+void FxRealSlider::setBottomValue(double bottom)
+{
+    if (bounded)
+        return;
+    bottomValue = bottom;
+    quietly([this] { slider->setMinimum(positionOf(bottomValue)); });
+}
+
+void FxRealSlider::readText()
+{
+    double number = lineEdit->text().toDouble();
+    // Infinities and NaN would break the span; they read as nothing typed.
+    if (!std::isfinite(number))
+        number = 0.0;
+    if (bounded) {
+        if (number > topValue)
+            number = topValue;
+        if (number < bottomValue)
+            number = bottomValue;
+    } else {
+        if (number > topValue)
+            setTopValue(number);
+        if (number < bottomValue)
+            setBottomValue(number);
+    }
+    position = positionOf(number);
+    value = number;
+}
+
+void FxRealSlider::setValue(double number)
+{
+    showText(format(number));
+    readText();
+    syncSlider();
+}
+
+void FxRealSlider::setValueText(QString text)
+{
+    showText(text);
+    readText();
+    syncSlider();
+}
+
+void FxRealSlider::updateText()
+{
+    showText(format(value));
+}
+
+void FxRealSlider::setPosition(int newPosition)
+{
+    position = newPosition;
+    value = valueOf(newPosition);
+}
+
+void FxRealSlider::storeValueText()
+{
+    valueText = format(value).toLatin1().constData();
+}

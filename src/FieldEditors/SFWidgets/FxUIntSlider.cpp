@@ -1,0 +1,110 @@
+#include "FxUIntSlider.h"
+
+#include <QLineEdit>
+#include <QSlider>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+constexpr uint32_t kOffset = 0x80000000u;
+}
+
+FxUIntSlider::FxUIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidget* parent, int row,
+                           int column)
+    : FxSlider(inTable, editor, parent, row, column)
+    , typeMax(kind == 4 ? 65535u : 4294967295u)
+{
+    quietly([this] { slider->setRange(positionOf(0), positionOf(0)); });
+}
+
+FxUIntSlider::~FxUIntSlider() = default;
+
+int FxUIntSlider::positionOf(uint32_t number)
+{
+    const uint32_t shifted = number + kOffset;
+    int position;
+    std::memcpy(&position, &shifted, sizeof position);
+    return position;
+}
+
+uint32_t FxUIntSlider::valueOf(int position)
+{
+    uint32_t bits;
+    std::memcpy(&bits, &position, sizeof bits);
+    return bits + kOffset;
+}
+
+void FxUIntSlider::setRange(uint32_t min, uint32_t max, bool isBounded)
+{
+    min = std::max(min, typeMin);
+    max = std::min(max, typeMax);
+    bounded = isBounded;
+    if (bounded) {
+        typeMin = min;
+        typeMax = max;
+    }
+    setTopValue(max);
+    setBottomValue(min);
+}
+
+void FxUIntSlider::setTopValue(uint32_t top)
+{
+    if (bounded)
+        return;
+    topValue = top;
+    quietly([this] { slider->setMaximum(positionOf(topValue)); });
+}
+
+void FxUIntSlider::setBottomValue(uint32_t bottom)
+{
+    if (bounded)
+        return;
+    bottomValue = bottom;
+    quietly([this] { slider->setMinimum(positionOf(bottomValue)); });
+}
+
+void FxUIntSlider::readText()
+{
+    bool ok = false;
+    uint32_t number = lineEdit->text().toUInt(&ok, base);
+    if (!ok)
+        return;
+    number = std::min(number, typeMax);
+    number = std::max(number, typeMin);
+    if (bounded) {
+        number = std::min(number, topValue);
+        number = std::max(number, bottomValue);
+    } else {
+        if (number > topValue)
+            setTopValue(number);
+        if (number < bottomValue)
+            setBottomValue(number);
+    }
+    position = positionOf(number);
+    value = number;
+}
+
+void FxUIntSlider::setValueText(QString text)
+{
+    const QString digits = takeBase(text, detectBase);
+    showText(digits);
+    readText();
+    syncSlider();
+}
+
+void FxUIntSlider::updateText()
+{
+    showText(QString::number(value, base));
+}
+
+void FxUIntSlider::setPosition(int newPosition)
+{
+    position = newPosition;
+    value = valueOf(newPosition);
+}
+
+void FxUIntSlider::storeValueText()
+{
+    valueText = textWithPrefix().toLatin1().constData();
+}

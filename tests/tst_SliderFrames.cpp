@@ -1,0 +1,525 @@
+// The slider frames: value and position mapping, spans, number bases, and
+// when they tell their owning editor, driven through their real widgets.
+#include <FxIntSlider.h>
+#include <FxRealSlider.h>
+#include <FxUIntSlider.h>
+#include <KalFieldEditors.h>
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+// An owner that writes down what the frame asked of it.
+class OwnerProbe : public KalFieldEditors
+{
+public:
+    void updateWidget() override {}
+    void setRefreshEnabled(bool enabled) override
+    {
+        calls << (enabled ? QStringLiteral("refresh true") : QStringLiteral("refresh false"));
+    }
+    void swapValues(int, int) override {}
+    void cellOperation(int, int) override {}
+    void setValueFromText(int row, int column, QString text) override
+    {
+        calls << QStringLiteral("text %1 %2 %3").arg(row).arg(column).arg(text);
+    }
+    void setValueAt(int, const void*) override {}
+    void applyChanges() override
+    {
+        calls << QStringLiteral("apply");
+        if (real)
+            applied << real->getValue();
+    }
+
+    QStringList calls;
+    QList<double> applied;
+    FxRealSlider* real = nullptr;
+};
+
+void typeInto(QLineEdit* edit, const QString& text)
+{
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
+QPoint handleCentre(QSlider* slider)
+{
+    QStyleOptionSlider option;
+    option.initFrom(slider);
+    option.orientation = slider->orientation();
+    option.minimum = slider->minimum();
+    option.maximum = slider->maximum();
+    option.sliderPosition = slider->sliderPosition();
+    option.sliderValue = slider->value();
+    option.upsideDown = slider->invertedAppearance();
+    return slider->style()
+        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
+        .center();
+}
+
+// A user's drag: press on the handle, move with the button held, release.
+void drag(QSlider* slider, const QList<int>& offsets)
+{
+    const QPoint start = handleCentre(slider);
+    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, start);
+    for (int dx : offsets) {
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(dx, 0), slider->mapToGlobal(start + QPoint(dx, 0)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(slider, &move);
+    }
+    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, start + QPoint(offsets.last(), 0));
+}
+
+} // namespace
+
+class tst_SliderFrames : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+
+    void construction_data();
+    void construction();
+    void realMapping_data();
+    void realMapping();
+    void realFormats();
+    void realUnboundedTextMovesTheSpan();
+    void realBoundedTextIsClamped();
+    void realEmptySpanDoesNotFault();
+    void realHostileTexts_data();
+    void realHostileTexts();
+    void intBaseFixedByTheFirstText_data();
+    void intBaseFixedByTheFirstText();
+    void intValidatorLimits();
+    void intSpans();
+    void uintLimits();
+    void uintBoundedNarrowsOnlyTypeLimits();
+    void uintMapping();
+    void dragWritesWhileChecked();
+    void dragWritesOnReleaseWhenCleared();
+    void tableModeSendsTheCellText();
+    void previousValueTextAtDragStart();
+    void typedValueRemembersThePreviousOne();
+    void returnThenLeavingWritesOnce();
+    void unmodifiedEditDoesNothing();
+    void noOwnerIsHarmless();
+
+private:
+    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<OwnerProbe> m_owner;
+};
+
+void tst_SliderFrames::init()
+{
+    m_window = std::make_unique<QWidget>();
+    m_window->resize(400, 60);
+    new QHBoxLayout(m_window.get());
+    m_owner = std::make_unique<OwnerProbe>();
+}
+
+void tst_SliderFrames::construction_data()
+{
+    QTest::addColumn<int>("inTable");
+    QTest::addColumn<int>("margin");
+    QTest::addColumn<int>("spacing");
+    QTest::newRow("editor") << 0 << 2 << 4;
+    QTest::newRow("table cell") << 1 << 0 << 3;
+}
+
+void tst_SliderFrames::construction()
+{
+    QFETCH(int, inTable);
+    QFETCH(int, margin);
+    QFETCH(int, spacing);
+    FxRealSlider frame(inTable, m_owner.get(), m_window.get(), true, 0, 1);
+    QCOMPARE(frame.objectName(), QStringLiteral("FxSliderFrame"));
+    auto* layout = frame.findChild<QHBoxLayout*>(QStringLiteral("kalibraslider"));
+    QVERIFY(layout);
+    QCOMPARE(layout->contentsMargins(), QMargins(margin, margin, margin, margin));
+    QCOMPARE(layout->spacing(), spacing);
+    QCOMPARE(layout->count(), 3);
+    QCOMPARE(layout->itemAt(0)->widget(), frame.findChild<QCheckBox*>(QStringLiteral("m_checkBox")));
+    QCOMPARE(layout->itemAt(1)->widget(), frame.findChild<QSlider*>(QStringLiteral("m_slider")));
+    QCOMPARE(layout->itemAt(2)->widget(), frame.findChild<QLineEdit*>(QStringLiteral("m_lineEdit")));
+    QVERIFY(frame.getCheckBox()->isChecked());
+    QVERIFY(frame.getSlider()->hasTracking());
+    QCOMPARE(frame.getSlider()->orientation(), Qt::Horizontal);
+    QCOMPARE(frame.getSlider()->minimum(), 0);
+    QCOMPARE(frame.getSlider()->maximum(), 100);
+    QVERIFY(m_owner->calls.isEmpty());
+}
+
+void tst_SliderFrames::realMapping_data()
+{
+    QTest::addColumn<double>("bottom");
+    QTest::addColumn<double>("top");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("position");
+    QTest::newRow("2.5 of 0..10") << 0.0 << 10.0 << 2.5 << 25;
+    QTest::newRow("rounds half up") << 0.0 << 10.0 << 2.45 << 25;
+    QTest::newRow("bottom") << 0.0 << 10.0 << 0.0 << 0;
+    QTest::newRow("top") << 0.0 << 10.0 << 10.0 << 100;
+    QTest::newRow("negative span") << -5.0 << 5.0 << 0.0 << 50;
+    QTest::newRow("unit span") << 0.0 << 1.0 << 0.333 << 33;
+}
+
+void tst_SliderFrames::realMapping()
+{
+    QFETCH(double, bottom);
+    QFETCH(double, top);
+    QFETCH(double, value);
+    QFETCH(int, position);
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
+    frame.setRange(bottom, top, true);
+    frame.setValue(value);
+    QCOMPARE(frame.getSlider()->value(), position);
+    QCOMPARE(frame.positionOf(value), position);
+
+    frame.setRange(0.0, 10.0, true);
+    frame.setPosition(33);
+    QCOMPARE(frame.getValue(), 3.3);
+    QVERIFY(m_owner->calls.isEmpty());
+}
+
+void tst_SliderFrames::realFormats()
+{
+    FxRealSlider single(0, m_owner.get(), m_window.get(), true, 0, 1);
+    single.setRange(0.0, 10.0, false);
+    single.setValue(2.5);
+    QCOMPARE(single.getLineEdit()->text(), QStringLiteral("2.500000"));
+    QCOMPARE(single.getLineEdit()->cursorPosition(), 0);
+    FxRealSlider twice(0, m_owner.get(), m_window.get(), false, 0, 1);
+    twice.setRange(0.0, 10.0, false);
+    twice.setValue(1.0 / 3.0);
+    QCOMPARE(twice.getLineEdit()->text(), QStringLiteral("0.333333333333333"));
+    twice.setValue(2.5);
+    QCOMPARE(twice.getLineEdit()->text(), QStringLiteral("2.5"));
+}
+
+void tst_SliderFrames::realUnboundedTextMovesTheSpan()
+{
+    m_owner->real = new FxRealSlider(0, m_owner.get(), m_window.get(), true, 0, 1);
+    FxRealSlider& frame = *m_owner->real;
+    m_window->show();
+    frame.setRange(0.0, 10.0, false);
+    typeInto(frame.getLineEdit(), QStringLiteral("25"));
+    QCOMPARE(frame.maximum(), 25.0);
+    QCOMPARE(frame.minimum(), 0.0);
+    QCOMPARE(frame.getValue(), 25.0);
+    QCOMPARE(frame.getSlider()->minimum(), 0);
+    QCOMPARE(frame.getSlider()->maximum(), 100);
+    QCOMPARE(frame.getSlider()->value(), 100);
+    typeInto(frame.getLineEdit(), QStringLiteral("-5"));
+    QCOMPARE(frame.minimum(), -5.0);
+    QCOMPARE(frame.maximum(), 25.0);
+    QCOMPARE(frame.getSlider()->value(), 0);
+    QCOMPARE(m_owner->applied, (QList<double>{25.0, -5.0}));
+}
+
+void tst_SliderFrames::realBoundedTextIsClamped()
+{
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
+    frame.setRange(0.0, 10.0, true);
+    frame.setValueText(QStringLiteral("25"));
+    QCOMPARE(frame.getValue(), 10.0);
+    QCOMPARE(frame.maximum(), 10.0);
+    frame.setValueText(QStringLiteral("-3"));
+    QCOMPARE(frame.getValue(), 0.0);
+    // The bounded span limits what can be typed, too.
+    int at = 0;
+    QString text = QStringLiteral("25");
+    QVERIFY(frame.getLineEdit()->validator()->validate(text, at) != QValidator::Acceptable);
+    text = QStringLiteral("7.5");
+    QCOMPARE(frame.getLineEdit()->validator()->validate(text, at), QValidator::Acceptable);
+}
+
+void tst_SliderFrames::realEmptySpanDoesNotFault()
+{
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
+    frame.setRange(0.0, 0.0, true);
+    frame.setValue(0.0);
+    QCOMPARE(frame.getValue(), 0.0);
+    frame.setPosition(50);
+    QCOMPARE(frame.getValue(), 0.0);
+    QCOMPARE(frame.positionOf(3.0), 0);
+}
+
+void tst_SliderFrames::realHostileTexts_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("value");
+    QTest::newRow("empty") << "" << 0.0;
+    QTest::newRow("words") << "abc" << 0.0;
+    QTest::newRow("overflow") << "1e400" << 0.0;
+    QTest::newRow("nan") << "nan" << 0.0;
+    QTest::newRow("inf") << "inf" << 0.0;
+    QTest::newRow("huge") << "1e30" << 1e30;
+}
+
+void tst_SliderFrames::realHostileTexts()
+{
+    QFETCH(QString, text);
+    QFETCH(double, value);
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), false, 0, 1);
+    frame.setRange(0.0, 10.0, false);
+    frame.setValueText(text);
+    QCOMPARE(frame.getValue(), value);
+    QVERIFY(frame.getSlider()->value() >= frame.getSlider()->minimum());
+    QVERIFY(frame.getSlider()->value() <= frame.getSlider()->maximum());
+}
+
+void tst_SliderFrames::intBaseFixedByTheFirstText_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<int>("base");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<int>("value");
+    QTest::addColumn<QString>("prefixed");
+    QTest::newRow("hexadecimal") << "0x1f" << 16 << "1f" << 31 << "0x1f";
+    QTest::newRow("octal") << "07" << 8 << "7" << 7 << "07";
+    QTest::newRow("decimal despite the zero") << "010" << 10 << "010" << 10 << "010";
+    QTest::newRow("decimal") << "42" << 10 << "42" << 42 << "42";
+}
+
+void tst_SliderFrames::intBaseFixedByTheFirstText()
+{
+    QFETCH(QString, first);
+    QFETCH(int, base);
+    QFETCH(QString, shown);
+    QFETCH(int, value);
+    QFETCH(QString, prefixed);
+    FxIntSlider frame(1, 0, m_owner.get(), m_window.get(), 0, 1);
+    frame.setRange(0, 100, false);
+    frame.setValueText(first);
+    QCOMPARE(frame.numberBase(), base);
+    QCOMPARE(frame.getLineEdit()->text(), shown);
+    QCOMPARE(frame.getValue(), value);
+    QCOMPARE(frame.textWithPrefix(), prefixed);
+    // Only base 10 puts the validator on the line edit.
+    QCOMPARE(frame.getLineEdit()->validator() != nullptr, base == 10);
+
+    // Later texts do not change the base.
+    frame.setValueText(QStringLiteral("0x20"));
+    QCOMPARE(frame.numberBase(), base);
+}
+
+void tst_SliderFrames::intValidatorLimits()
+{
+    FxIntSlider whole(1, 0, m_owner.get(), m_window.get(), 0, 1);
+    QCOMPARE(whole.getValidator()->bottom(), -2147483647 - 1);
+    QCOMPARE(whole.getValidator()->top(), 2147483647);
+    FxIntSlider shorts(3, 0, m_owner.get(), m_window.get(), 0, 1);
+    QCOMPARE(shorts.getValidator()->bottom(), -32768);
+    QCOMPARE(shorts.getValidator()->top(), 32767);
+    // In base 16 the validator cannot help: the frame clamps to its limits.
+    shorts.setRange(-100000, 100000, false);
+    shorts.setValueText(QStringLiteral("0xfffff"));
+    QCOMPARE(shorts.getValue(), 32767);
+    FxIntSlider other(7, 0, m_owner.get(), m_window.get(), 0, 1);
+    QCOMPARE(other.getValidator()->top(), QIntValidator().top());
+}
+
+void tst_SliderFrames::intSpans()
+{
+    FxIntSlider frame(1, 0, m_owner.get(), m_window.get(), 0, 1);
+    frame.setRange(0, 100, false);
+    QCOMPARE(frame.getSlider()->minimum(), 0);
+    QCOMPARE(frame.getSlider()->maximum(), 100);
+    frame.setValueText(QStringLiteral("250"));
+    QCOMPARE(frame.maximum(), 250);
+    QCOMPARE(frame.getSlider()->maximum(), 250);
+    QCOMPARE(frame.getSlider()->value(), 250);
+    frame.setValueText(QStringLiteral("nonsense"));
+    QCOMPARE(frame.getValue(), 0);
+
+    FxIntSlider bounded(1, 0, m_owner.get(), m_window.get(), 0, 1);
+    bounded.setRange(0, 100, true);
+    bounded.setValueText(QStringLiteral("250"));
+    QCOMPARE(bounded.getValue(), 100);
+    bounded.setTopValue(500);
+    QCOMPARE(bounded.maximum(), 100);
+    QCOMPARE(bounded.getValidator()->top(), 100);
+}
+
+void tst_SliderFrames::uintLimits()
+{
+    FxUIntSlider shorts(4, 0, m_owner.get(), m_window.get(), 0, 1);
+    QCOMPARE(shorts.typeMaximum(), 65535u);
+    shorts.setRange(0, 100, false);
+    shorts.setValueText(QStringLiteral("70000"));
+    QCOMPARE(shorts.getValue(), 65535u);
+    QCOMPARE(shorts.getLineEdit()->text(), QStringLiteral("70000"));
+    shorts.setValueText(QStringLiteral("not a number"));
+    QCOMPARE(shorts.getValue(), 65535u);
+    shorts.setValueText(QStringLiteral("-5"));
+    QCOMPARE(shorts.getValue(), 65535u);
+
+    FxUIntSlider whole(2, 0, m_owner.get(), m_window.get(), 0, 1);
+    QCOMPARE(whole.typeMaximum(), 4294967295u);
+    whole.setRange(0, 100, false);
+    whole.setValueText(QStringLiteral("4294967295"));
+    QCOMPARE(whole.getValue(), 4294967295u);
+    whole.setValueText(QStringLiteral("99999999999999999999"));
+    QCOMPARE(whole.getValue(), 4294967295u);
+}
+
+void tst_SliderFrames::uintBoundedNarrowsOnlyTypeLimits()
+{
+    FxUIntSlider frame(2, 0, m_owner.get(), m_window.get(), 0, 1);
+    frame.setRange(0, 100, false);
+    frame.setRange(10, 20, true);
+    QCOMPARE(frame.typeMinimum(), 10u);
+    QCOMPARE(frame.typeMaximum(), 20u);
+    QCOMPARE(frame.minimum(), 0u);
+    QCOMPARE(frame.maximum(), 100u);
+    QCOMPARE(frame.getSlider()->maximum(), FxUIntSlider::positionOf(100));
+    frame.setValueText(QStringLiteral("50"));
+    QCOMPARE(frame.getValue(), 20u);
+}
+
+void tst_SliderFrames::uintMapping()
+{
+    QCOMPARE(FxUIntSlider::positionOf(0), -2147483647 - 1);
+    QCOMPARE(FxUIntSlider::positionOf(4294967295u), 2147483647);
+    QCOMPARE(FxUIntSlider::positionOf(2147483648u), 0);
+    for (uint32_t value : {0u, 1u, 100u, 65535u, 2147483647u, 4294967295u})
+        QCOMPARE(FxUIntSlider::valueOf(FxUIntSlider::positionOf(value)), value);
+    FxUIntSlider frame(2, 0, m_owner.get(), m_window.get(), 0, 1);
+    frame.setRange(0, 100, false);
+    frame.setPosition(FxUIntSlider::positionOf(42));
+    QCOMPARE(frame.getValue(), 42u);
+}
+
+void tst_SliderFrames::dragWritesWhileChecked()
+{
+    m_owner->real = new FxRealSlider(0, m_owner.get(), m_window.get(), true, 0, 1);
+    FxRealSlider& frame = *m_owner->real;
+    m_window->layout()->addWidget(&frame);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    frame.setRange(0.0, 10.0, false);
+    frame.setValue(5.0);
+    QVERIFY(frame.getCheckBox()->isChecked());
+
+    drag(frame.getSlider(), {20, 40});
+    // One write per move, and one more on release.
+    QCOMPARE(m_owner->calls.count(QStringLiteral("apply")), 3);
+    QVERIFY(m_owner->applied.at(0) > 5.0);
+    QVERIFY(m_owner->applied.at(1) > m_owner->applied.at(0));
+    QCOMPARE(m_owner->applied.last(), frame.getValue());
+    QCOMPARE(frame.getLineEdit()->text(), frame.format(frame.getValue()));
+}
+
+void tst_SliderFrames::dragWritesOnReleaseWhenCleared()
+{
+    m_owner->real = new FxRealSlider(0, m_owner.get(), m_window.get(), true, 0, 1);
+    FxRealSlider& frame = *m_owner->real;
+    m_window->layout()->addWidget(&frame);
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    frame.setRange(0.0, 10.0, false);
+    frame.setValue(5.0);
+    QTest::mouseClick(frame.getCheckBox(), Qt::LeftButton);
+    QVERIFY(!frame.getCheckBox()->isChecked());
+
+    const QPoint start = handleCentre(frame.getSlider());
+    QTest::mousePress(frame.getSlider(), Qt::LeftButton, Qt::NoModifier, start);
+    QMouseEvent move(QEvent::MouseMove, start + QPoint(30, 0),
+                     frame.getSlider()->mapToGlobal(start + QPoint(30, 0)), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(frame.getSlider(), &move);
+    // The line edit follows the drag, the field does not.
+    QVERIFY(frame.getValue() > 5.0);
+    QCOMPARE(frame.getLineEdit()->text(), frame.format(frame.getValue()));
+    QVERIFY(m_owner->calls.isEmpty());
+    QTest::mouseRelease(frame.getSlider(), Qt::LeftButton, Qt::NoModifier, start + QPoint(30, 0));
+    QCOMPARE(m_owner->calls, QStringList{"apply"});
+    QCOMPARE(m_owner->applied.last(), frame.getValue());
+}
+
+void tst_SliderFrames::tableModeSendsTheCellText()
+{
+    FxIntSlider frame(1, 1, m_owner.get(), m_window.get(), 4, 2);
+    frame.setRange(0, 100, false);
+    frame.setValueText(QStringLiteral("0x10"));
+    m_window->show();
+    typeInto(frame.getLineEdit(), QStringLiteral("1f"));
+    QCOMPARE(m_owner->calls, (QStringList{"refresh false", "text 4 2 0x1f", "refresh true"}));
+}
+
+void tst_SliderFrames::previousValueTextAtDragStart()
+{
+    FxRealSlider real(0, m_owner.get(), m_window.get(), true, 0, 1);
+    real.setRange(0.0, 10.0, false);
+    real.setValue(2.5);
+    real.beginCallback();
+    QCOMPARE(QString::fromLatin1(real.previousValueText().getString()), QStringLiteral("2.500000"));
+
+    FxIntSlider ints(1, 0, m_owner.get(), m_window.get(), 0, 1);
+    ints.setRange(0, 100, false);
+    ints.setValueText(QStringLiteral("0x1f"));
+    ints.beginCallback();
+    QCOMPARE(QString::fromLatin1(ints.previousValueText().getString()), QStringLiteral("1f"));
+
+    FxUIntSlider uints(2, 0, m_owner.get(), m_window.get(), 0, 1);
+    uints.setRange(0, 100, false);
+    uints.setValueText(QStringLiteral("0x1f"));
+    uints.beginCallback();
+    QCOMPARE(QString::fromLatin1(uints.previousValueText().getString()), QStringLiteral("0x1f"));
+}
+
+void tst_SliderFrames::typedValueRemembersThePreviousOne()
+{
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
+    m_window->show();
+    frame.setRange(0.0, 10.0, false);
+    frame.setValue(1.5);
+    typeInto(frame.getLineEdit(), QStringLiteral("4"));
+    QCOMPARE(QString::fromLatin1(frame.previousValueText().getString()), QStringLiteral("1.500000"));
+    QCOMPARE(frame.getValue(), 4.0);
+}
+
+void tst_SliderFrames::returnThenLeavingWritesOnce()
+{
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
+    m_window->show();
+    frame.setRange(0.0, 10.0, false);
+    typeInto(frame.getLineEdit(), QStringLiteral("3"));
+    QMetaObject::invokeMethod(frame.getLineEdit(), "editingFinished");
+    QCOMPARE(m_owner->calls, QStringList{"apply"});
+}
+
+void tst_SliderFrames::unmodifiedEditDoesNothing()
+{
+    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
+    frame.setRange(0.0, 10.0, false);
+    frame.setValue(3.0);
+    frame.changeValueFromEdit();
+    QMetaObject::invokeMethod(frame.getLineEdit(), "returnPressed");
+    QVERIFY(m_owner->calls.isEmpty());
+    QCOMPARE(frame.getValue(), 3.0);
+}
+
+void tst_SliderFrames::noOwnerIsHarmless()
+{
+    FxUIntSlider frame(2, 0, nullptr, m_window.get(), 0, 1);
+    frame.setRange(0, 100, false);
+    frame.getSlider()->setValue(FxUIntSlider::positionOf(7));
+    frame.finishCallback();
+    QCOMPARE(frame.getValue(), 7u);
+}
+
+QTEST_MAIN(tst_SliderFrames)
+#include "tst_SliderFrames.moc"

@@ -1,5 +1,7 @@
 #include "KalDefaults.h"
 
+#include "DefaultFieldValues.h"
+
 #include <KalExtension.h>
 
 #include <new>
@@ -16,13 +18,19 @@ KalDefaults::KalDefaults()
     version = "1.0.0";
 }
 
-KalDefaults::~KalDefaults() = default;
+KalDefaults::~KalDefaults()
+{
+    // The editors are gone with the members; the default containers they
+    // read resets from go with the plug-in.
+    DefaultFieldValues::clear();
+}
 
 // Registration follows the member order, with one exception the host has
 // always relied on: the file path editor is registered sixth.
 KalDefaults::Registration KalDefaults::registrationOrder()
 {
     return Registration{
+        &m_sfFloatWidget,
         &m_fieldEditorDock,
         &m_nodeEditor,
     };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FxSFFloatWidget.h"
 #include "KalFieldEditorDockWin.h"
 #include "KalNodeEditor.h"
 
@@ -28,12 +29,13 @@ private:
     KalDefaults(const KalDefaults&) = delete;
     KalDefaults& operator=(const KalDefaults&) = delete;
 
-    using Registration = std::array<KalExtension*, 2>;
+    using Registration = std::array<KalExtension*, 3>;
     Registration registrationOrder();
 
     // Every extension of the library, in construction order; destruction
     // runs the other way, so the docks, which may hold an editor's frame,
     // go before any editor.
+    FxSFFloatWidget m_sfFloatWidget;
     KalFieldEditorDockWin m_fieldEditorDock;
     KalNodeEditor m_nodeEditor;
 };

@@ -4,7 +4,7 @@
 #include <KalServices.h>
 
 #include <Inventor/fields/SoSFFloat.h>
-#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoComplexity.h>
 
 #include <benchmark/benchmark.h>
 
@@ -13,12 +13,12 @@ namespace {
 // A node that stays alive for the whole program.
 SoSFFloat& floatField()
 {
-    static SoMaterial* node = [] {
-        auto* material = new SoMaterial;
-        material->ref();
-        return material;
+    static SoComplexity* node = [] {
+        auto* complexity = new SoComplexity;
+        complexity->ref();
+        return complexity;
     }();
-    return node->transparency;
+    return node->value;
 }
 
 void pushOneEdit(float value)

@@ -1,0 +1,140 @@
+// Selecting a field until its editor is shown and filled, against a bare dock
+// swap of a prebuilt frame with one line edit and one slider; and one slider
+// step of the float editor from position to refreshed editor.
+#include <KalPluginsManager.h>
+#include <KalServices.h>
+#include <KalShell.h>
+
+#include <Inventor/SoDB.h>
+#include <Inventor/nodes/SoComplexity.h>
+#include <Inventor/sensors/SoSensorManager.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDockWidget>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QSlider>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+// The plug-in loaded once for the whole program, with two float fields to
+// select in turn so that every selection really swaps the shown field.
+struct Scene
+{
+    Scene()
+    {
+        KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+        first = new SoComplexity;
+        first->ref();
+        second = new SoComplexity;
+        second->ref();
+        window = KalShell::getInstance()->getMainWindow();
+        window->resize(900, 600);
+        window->show();
+        dock = window->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
+    }
+    SoComplexity* first = nullptr;
+    SoComplexity* second = nullptr;
+    QMainWindow* window = nullptr;
+    QDockWidget* dock = nullptr;
+};
+
+Scene& scene()
+{
+    static Scene instance;
+    return instance;
+}
+
+} // namespace
+
+static void BM_SelectFieldUntilShown(benchmark::State& state)
+{
+    Scene& s = scene();
+    if (!s.dock) {
+        state.SkipWithError("the Field Editor dock is missing");
+        return;
+    }
+    bool flip = false;
+    for (auto _ : state) {
+        flip = !flip;
+        emit KalServices::getInstance()->selectedFieldChanged(flip ? &s.first->value : &s.second->value);
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(s.dock->grab());
+    }
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+}
+BENCHMARK(BM_SelectFieldUntilShown)->Unit(benchmark::kMillisecond);
+
+// The floor: what any dock must pay to swap in a small frame and draw it.
+static void BM_BareDockSwap(benchmark::State& state)
+{
+    Scene& s = scene();
+    auto* dock = new QDockWidget(QStringLiteral("Bare"));
+    s.window->addDockWidget(Qt::RightDockWidgetArea, dock);
+    QFrame* frames[2];
+    QLineEdit* edits[2];
+    for (int i = 0; i < 2; ++i) {
+        frames[i] = new QFrame;
+        auto* layout = new QHBoxLayout(frames[i]);
+        layout->addWidget(new QCheckBox);
+        layout->addWidget(new QSlider(Qt::Horizontal));
+        edits[i] = new QLineEdit;
+        layout->addWidget(edits[i]);
+    }
+    dock->show();
+    int current = 0;
+    double value = 0;
+    for (auto _ : state) {
+        dock->setWidget(nullptr);
+        frames[current]->setParent(nullptr);
+        current = 1 - current;
+        edits[current]->setText(QString::number(value += 0.25, 'f', 6));
+        dock->setWidget(frames[current]);
+        frames[current]->show();
+        QApplication::processEvents();
+        benchmark::DoNotOptimize(dock->grab());
+    }
+    dock->setWidget(nullptr);
+    frames[current]->setParent(nullptr);
+    s.window->removeDockWidget(dock);
+    delete dock;
+    for (QFrame* frame : frames)
+        delete frame;
+}
+BENCHMARK(BM_BareDockSwap)->Unit(benchmark::kMillisecond);
+
+static void BM_SliderStep(benchmark::State& state)
+{
+    Scene& s = scene();
+    emit KalServices::getInstance()->selectedFieldChanged(&s.first->value);
+    QApplication::processEvents();
+    auto* slider = s.dock ? s.dock->findChild<QSlider*>(QStringLiteral("m_slider")) : nullptr;
+    if (!slider) {
+        state.SkipWithError("the float editor's slider is missing");
+        return;
+    }
+    int position = 0;
+    int pushed = 0;
+    for (auto _ : state) {
+        position = (position + 7) % 101;
+        // A user's drag: the slider moves while held down.
+        slider->setSliderDown(true);
+        slider->setValue(position);
+        SoDB::getSensorManager()->processDelayQueue(FALSE);
+        if (++pushed == 5000) {
+            state.PauseTiming();
+            KalServices::getInstance()->clearHistory();
+            pushed = 0;
+            state.ResumeTiming();
+        }
+    }
+    slider->setSliderDown(false);
+    KalServices::getInstance()->clearHistory();
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+}
+BENCHMARK(BM_SliderStep)->Unit(benchmark::kMicrosecond);

@@ -30,25 +30,16 @@
 #include <QStyleOptionSlider>
 #include <QtTest>
 
+#include "SliderDrag.h"
+
 namespace {
+
+using SliderDrag::handleCentre;
+using SliderDrag::moveHeld;
 
 void processSensors()
 {
     SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
-
-QPoint handleCentre(QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.orientation = slider->orientation();
-    option.minimum = slider->minimum();
-    option.maximum = slider->maximum();
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    return slider->style()
-        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
-        .center();
 }
 
 // The plug-in module carries its own copy of its classes' meta-objects, so a
@@ -60,13 +51,6 @@ T* sameClass(QObject* object)
     if (!object || qstrcmp(object->metaObject()->className(), T::staticMetaObject.className()) != 0)
         return nullptr;
     return static_cast<T*>(object);
-}
-
-void moveHeld(QSlider* slider, const QPoint& to)
-{
-    QMouseEvent move(QEvent::MouseMove, to, slider->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(slider, &move);
 }
 
 } // namespace

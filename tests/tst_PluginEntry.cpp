@@ -1,14 +1,17 @@
 // The plug-in's entry points and its plug-in object, both linked directly and
 // loaded as the real module through the stand-in host.
 #include <KalDefaults.h>
+#include <KalEditor.h>
 #include <KalExtension.h>
 #include <KalPlugin.h>
 #include <KalPluginsManager.h>
 #include <KalProfile.h>
+#include <KalProfileSetting.h>
 #include <KalServices.h>
 #include <SoKalExtensions.h>
 
 #include <Inventor/SoDB.h>
+#include <Inventor/nodes/SoComplexity.h>
 
 #include <QLibrary>
 #include <QtTest>
@@ -66,6 +69,7 @@ private slots:
     void loadRegistersInOrder();
     void moduleEntryPointsThroughTheHost();
     void moduleUnloadWithoutLoadIsHarmless();
+    void docksGoBeforeTheEditorsTheyShow();
 };
 
 void tst_PluginEntry::initTestCase()
@@ -156,6 +160,46 @@ void tst_PluginEntry::moduleUnloadWithoutLoadIsHarmless()
     unloadPlugin();
     unloadPlugin();
     module.unload();
+}
+
+void tst_PluginEntry::docksGoBeforeTheEditorsTheyShow()
+{
+    // The plug-in object is deleted while the "Field Editor" dock still shows
+    // an editor, with no deactivation first. The dock, a later member, goes
+    // first and hands the editor's frame back while the editor still lives;
+    // the other way round, the sanitizer run would see the dock touch a
+    // destroyed editor.
+    KalDefaults* plugin = KalDefaults::create();
+    plugin->load();
+    auto* profile = new KalProfile("Everything");
+    KalPluginsManager::getInstance()->addProfile(profile);
+    KalExtension* dock = nullptr;
+    std::vector<KalExtension*> editors;
+    for (KalExtension* extension : plugin->getExtensions()) {
+        extension->createWidget();
+        if (qobject_cast<KalEditor*>(extension))
+            editors.push_back(extension);
+        else if (QString::fromLatin1(extension->name.getString()) == QStringLiteral("Field Editor"))
+            dock = extension;
+    }
+    QVERIFY(dock);
+    QVERIFY(!editors.empty());
+    auto* setting = new KalProfileSetting;
+    for (KalExtension* editor : editors)
+        setting->setControlled(editor, new KalProfileSetting);
+    profile->getSetting()->setControlled(dock, setting);
+    KalPluginsManager::getInstance()->setActiveProfile(profile);
+    dock->activate();
+
+    auto* complexity = new SoComplexity;
+    complexity->ref();
+    emit KalServices::getInstance()->selectedFieldChanged(&complexity->value);
+    auto* editor = qobject_cast<KalEditor*>(editors.front());
+    QVERIFY(editor->getWidget()->parentWidget());
+
+    KalDefaults::destroy();
+    QCOMPARE(KalDefaults::instance(), nullptr);
+    complexity->unref();
 }
 
 QTEST_MAIN(tst_PluginEntry)

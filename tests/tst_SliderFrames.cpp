@@ -13,9 +13,14 @@
 #include <QStyleOptionSlider>
 #include <QtTest>
 
+#include "SliderDrag.h"
+
 #include <memory>
 
 namespace {
+
+using SliderDrag::handleCentre;
+using SliderDrag::moveHeld;
 
 // An owner that writes down what the frame asked of it.
 class OwnerProbe : public KalFieldEditors
@@ -53,31 +58,13 @@ void typeInto(QLineEdit* edit, const QString& text)
     QTest::keyClick(edit, Qt::Key_Return);
 }
 
-QPoint handleCentre(QSlider* slider)
-{
-    QStyleOptionSlider option;
-    option.initFrom(slider);
-    option.orientation = slider->orientation();
-    option.minimum = slider->minimum();
-    option.maximum = slider->maximum();
-    option.sliderPosition = slider->sliderPosition();
-    option.sliderValue = slider->value();
-    option.upsideDown = slider->invertedAppearance();
-    return slider->style()
-        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
-        .center();
-}
-
 // A user's drag: press on the handle, move with the button held, release.
 void drag(QSlider* slider, const QList<int>& offsets)
 {
     const QPoint start = handleCentre(slider);
     QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, start);
-    for (int dx : offsets) {
-        QMouseEvent move(QEvent::MouseMove, start + QPoint(dx, 0), slider->mapToGlobal(start + QPoint(dx, 0)),
-                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(slider, &move);
-    }
+    for (int dx : offsets)
+        moveHeld(slider, start + QPoint(dx, 0));
     QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, start + QPoint(offsets.last(), 0));
 }
 
@@ -436,10 +423,7 @@ void tst_SliderFrames::dragWritesOnReleaseWhenCleared()
 
     const QPoint start = handleCentre(frame.getSlider());
     QTest::mousePress(frame.getSlider(), Qt::LeftButton, Qt::NoModifier, start);
-    QMouseEvent move(QEvent::MouseMove, start + QPoint(30, 0),
-                     frame.getSlider()->mapToGlobal(start + QPoint(30, 0)), Qt::NoButton, Qt::LeftButton,
-                     Qt::NoModifier);
-    QApplication::sendEvent(frame.getSlider(), &move);
+    moveHeld(frame.getSlider(), start + QPoint(30, 0));
     // The line edit follows the drag, the field does not.
     QVERIFY(frame.getValue() > 5.0);
     QCOMPARE(frame.getLineEdit()->text(), frame.format(frame.getValue()));

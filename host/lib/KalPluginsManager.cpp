@@ -196,6 +196,11 @@ KalPlugin* KalPluginsManager::loadPlugin(const QString& path)
     }
 
     auto library = std::make_unique<QLibrary>(canonical);
+    // A plug-in's code stays mapped after it is unloaded: Qt keeps data that
+    // may point into it (the text of a QStringLiteral the plug-in gave a
+    // dock as its name outlives the dock in the main window's layout), as
+    // Qt does for its own plug-ins.
+    library->setLoadHints(QLibrary::PreventUnloadHint);
     if (!library->load()) {
         m_lastError = tr("\"%1\" is not a plug-in library: the system could not load it (%2).")
                           .arg(path, library->errorString());

@@ -30,9 +30,7 @@ KalDefaults::~KalDefaults()
 KalDefaults::Registration KalDefaults::registrationOrder()
 {
     return Registration{
-        &m_sfFloatWidget,
-        &m_fieldEditorDock,
-        &m_nodeEditor,
+        &m_profileSelector, &m_console, &m_sfFloatWidget, &m_fieldEditorDock, &m_nodeEditor,
     };
 }
 

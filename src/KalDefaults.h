@@ -1,8 +1,10 @@
 #pragma once
 
 #include "FxSFFloatWidget.h"
+#include "KalConsole.h"
 #include "KalFieldEditorDockWin.h"
 #include "KalNodeEditor.h"
+#include "KalProfileSelectorExtension.h"
 
 #include <KalPlugin.h>
 
@@ -29,12 +31,14 @@ private:
     KalDefaults(const KalDefaults&) = delete;
     KalDefaults& operator=(const KalDefaults&) = delete;
 
-    using Registration = std::array<KalExtension*, 3>;
+    using Registration = std::array<KalExtension*, 5>;
     Registration registrationOrder();
 
     // Every extension of the library, in construction order; destruction
     // runs the other way, so the docks, which may hold an editor's frame,
     // go before any editor.
+    KalProfileSelectorExtension m_profileSelector;
+    KalConsole m_console;
     FxSFFloatWidget m_sfFloatWidget;
     KalFieldEditorDockWin m_fieldEditorDock;
     KalNodeEditor m_nodeEditor;

@@ -12,6 +12,10 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Benchmarks that load the plug-in would otherwise have its console
+    // swallow the report Google Benchmark writes to std::cout.
+    if (qEnvironmentVariableIsEmpty("KALIBRA_STDOUT_CAPTURE"))
+        qputenv("KALIBRA_STDOUT_CAPTURE", "false");
     QApplication app(argc, argv);
     SoDB::init();
     SoKalExtensions::init();

@@ -25,18 +25,18 @@ KalDefaults::~KalDefaults()
     DefaultFieldValues::clear();
 }
 
-// Registration follows the member order, with one exception the host has
-// always relied on: the file path editor is registered sixth.
-KalDefaults::Registration KalDefaults::registrationOrder()
-{
-    return Registration{
-        &m_profileSelector, &m_console, &m_sfFloatWidget, &m_fieldEditorDock, &m_nodeEditor,
-    };
-}
-
 void KalDefaults::load()
 {
-    for (KalExtension* extension : registrationOrder())
+    // Registration follows the member order, with one exception the host has
+    // always relied on: the file path editor is registered sixth, right after
+    // the multiple-value double editor.
+    KalExtension* const registrationOrder[] = {
+        &m_profileSelector, &m_console,        &m_sfFilePathStringWidget, &m_sfDoubleWidget,
+        &m_sfFloatWidget,   &m_sfInt32Widget,  &m_sfLineWidget,           &m_sfNameWidget,
+        &m_sfShortWidget,   &m_sfStringWidget, &m_sfUInt32Widget,         &m_sfUShortWidget,
+        &m_fieldEditorDock, &m_nodeEditor,
+    };
+    for (KalExtension* extension : registrationOrder)
         addExtension(extension);
     KalPlugin::load();
 }

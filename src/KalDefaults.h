@@ -1,14 +1,21 @@
 #pragma once
 
+#include "FxSFDoubleWidget.h"
+#include "FxSFFilePathStringWidget.h"
 #include "FxSFFloatWidget.h"
+#include "FxSFInt32Widget.h"
+#include "FxSFLineWidget.h"
+#include "FxSFNameWidget.h"
+#include "FxSFShortWidget.h"
+#include "FxSFStringWidget.h"
+#include "FxSFUInt32Widget.h"
+#include "FxSFUShortWidget.h"
 #include "KalConsole.h"
 #include "KalFieldEditorDockWin.h"
 #include "KalNodeEditor.h"
 #include "KalProfileSelectorExtension.h"
 
 #include <KalPlugin.h>
-
-#include <array>
 
 class KalExtension;
 
@@ -31,15 +38,21 @@ private:
     KalDefaults(const KalDefaults&) = delete;
     KalDefaults& operator=(const KalDefaults&) = delete;
 
-    using Registration = std::array<KalExtension*, 5>;
-    Registration registrationOrder();
-
     // Every extension of the library, in construction order; destruction
     // runs the other way, so the docks, which may hold an editor's frame,
     // go before any editor.
     KalProfileSelectorExtension m_profileSelector;
     KalConsole m_console;
+    FxSFDoubleWidget m_sfDoubleWidget;
+    FxSFFilePathStringWidget m_sfFilePathStringWidget;
     FxSFFloatWidget m_sfFloatWidget;
+    FxSFInt32Widget m_sfInt32Widget;
+    FxSFLineWidget m_sfLineWidget;
+    FxSFNameWidget m_sfNameWidget;
+    FxSFShortWidget m_sfShortWidget;
+    FxSFStringWidget m_sfStringWidget;
+    FxSFUInt32Widget m_sfUInt32Widget;
+    FxSFUShortWidget m_sfUShortWidget;
     KalFieldEditorDockWin m_fieldEditorDock;
     KalNodeEditor m_nodeEditor;
 };

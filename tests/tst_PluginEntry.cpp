@@ -194,7 +194,12 @@ void tst_PluginEntry::docksGoBeforeTheEditorsTheyShow()
     auto* complexity = new SoComplexity;
     complexity->ref();
     emit KalServices::getInstance()->selectedFieldChanged(&complexity->value);
-    auto* editor = qobject_cast<KalEditor*>(editors.front());
+    KalEditor* editor = nullptr;
+    for (KalExtension* candidate : editors) {
+        if (QString::fromLatin1(candidate->name.getString()) == QStringLiteral("SFFloat"))
+            editor = qobject_cast<KalEditor*>(candidate);
+    }
+    QVERIFY(editor);
     QVERIFY(editor->getWidget()->parentWidget());
 
     KalDefaults::destroy();

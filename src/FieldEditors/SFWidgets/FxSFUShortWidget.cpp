@@ -1,0 +1,5 @@
+#include "FxSFUShortWidget.h"
+
+FxSFUShortWidget::FxSFUShortWidget(const char* name)
+    : FxSFIntegerWidget(UShortSlider, name, "FxSFUShortWidget", SoSFUShort::getClassTypeId(), "SFUShort")
+{}

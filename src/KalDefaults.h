@@ -6,10 +6,17 @@
 #include "FxSFInt32Widget.h"
 #include "FxSFLineWidget.h"
 #include "FxSFNameWidget.h"
+#include "FxSFPlaneWidget.h"
+#include "FxSFRotationWidget.h"
 #include "FxSFShortWidget.h"
 #include "FxSFStringWidget.h"
 #include "FxSFUInt32Widget.h"
 #include "FxSFUShortWidget.h"
+#include "FxSFVec2fWidget.h"
+#include "FxSFVec2i32Widget.h"
+#include "FxSFVec2sWidget.h"
+#include "FxSFVec3fWidget.h"
+#include "FxSFVec4fWidget.h"
 #include "KalConsole.h"
 #include "KalFieldEditorDockWin.h"
 #include "KalNodeEditor.h"
@@ -49,10 +56,17 @@ private:
     FxSFInt32Widget m_sfInt32Widget;
     FxSFLineWidget m_sfLineWidget;
     FxSFNameWidget m_sfNameWidget;
+    FxSFPlaneWidget m_sfPlaneWidget;
+    FxSFRotationWidget m_sfRotationWidget;
     FxSFShortWidget m_sfShortWidget;
     FxSFStringWidget m_sfStringWidget;
     FxSFUInt32Widget m_sfUInt32Widget;
     FxSFUShortWidget m_sfUShortWidget;
+    FxSFVec2fWidget m_sfVec2fWidget;
+    FxSFVec2i32Widget m_sfVec2i32Widget;
+    FxSFVec2sWidget m_sfVec2sWidget;
+    FxSFVec3fWidget m_sfVec3fWidget;
+    FxSFVec4fWidget m_sfVec4fWidget;
     KalFieldEditorDockWin m_fieldEditorDock;
     KalNodeEditor m_nodeEditor;
 };

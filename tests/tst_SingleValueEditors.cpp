@@ -284,13 +284,13 @@ void tst_SingleValueEditors::genericEditorWritesOnEveryKeystroke()
 
 void tst_SingleValueEditors::genericRefreshEmitsNothing()
 {
-    select(&m_node->sfVec2f);
+    select(&m_node->sfTime);
     QCOMPARE(dock()->widget()->objectName(), QStringLiteral("FxSFLineWidget"));
     QLineEdit* edit = child<QLineEdit>(QStringLiteral("lineEdit"));
     QSignalSpy changed(edit, SIGNAL(textChanged(QString)));
-    m_node->sfVec2f.setValue(SbVec2f(7, 8));
+    m_node->sfTime.setValue(SbTime(7.25));
     processSensors();
-    QCOMPARE(edit->text(), QStringLiteral("7 8"));
+    QCOMPARE(edit->text(), QStringLiteral("7.25"));
     QCOMPARE(changed.count(), 0);
     QCOMPARE(KalServices::getInstance()->commandCount(), 0);
 }
@@ -380,7 +380,7 @@ void tst_SingleValueEditors::badTextNeverCorruptsTheField_data()
                                      << "-5";
     QTest::newRow("time empty") << QByteArray("sfTime") << "lineEdit"
                                 << "";
-    QTest::newRow("vector words") << QByteArray("sfVec3f") << "lineEdit"
+    QTest::newRow("vector words") << QByteArray("sfVec3f") << "SFVec3fLine"
                                   << "one two three";
     QTest::newRow("matrix short") << QByteArray("sfMatrix") << "lineEdit"
                                   << "1 2 3";
@@ -413,7 +413,8 @@ void tst_SingleValueEditors::setToDefaultAndIgnoreOnEachFamily_data()
     QTest::addColumn<QString>("changed");
     QTest::newRow("numeric") << QByteArray("sfInt32") << "1000";
     QTest::newRow("text") << QByteArray("sfName") << "other";
-    QTest::newRow("generic") << QByteArray("sfVec3f") << "9 9 9";
+    QTest::newRow("vector") << QByteArray("sfVec3f") << "9 9 9";
+    QTest::newRow("generic") << QByteArray("sfTime") << "100";
 }
 
 void tst_SingleValueEditors::setToDefaultAndIgnoreOnEachFamily()

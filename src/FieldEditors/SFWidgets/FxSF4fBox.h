@@ -1,0 +1,25 @@
+#pragma once
+
+#include "FxSFFloatComponents.h"
+
+#include <QStringList>
+
+// Four float components side by side: the base of the four-number vector,
+// plane and rotation editors.
+class FxSF4fBox : public FxSFFloatComponents<4>
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(FxSF4fBox)
+
+public:
+    explicit FxSF4fBox(const char* name = nullptr);
+
+    void createWidget() override;
+    // Each text is shown as a paragraph of its own.
+    void setLabels(const QStringList& texts);
+    void setCursorsToStart();
+
+protected:
+    bool readField(std::array<float, 4>&) override { return false; }
+    bool writeField(const std::array<float, 4>&) override { return false; }
+};

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "ComponentColumn.h"
+#include "FxSFieldWidget.h"
+#include "KalSFSetValueCommand.h"
+#include "LayoutMetrics.h"
+
+#include <KalServices.h>
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+#include <array>
+
+// What the vector editors on line edits share: N float components, one
+// column each, applied on Return or when an edited line edit loses focus.
+// The concrete editor says how its field's value maps to the components.
+template <int N>
+class FxSFFloatComponents : public FxSFieldWidget
+{
+public:
+    bool edited() override
+    {
+        for (QLineEdit* edit : lineEdits) {
+            if (edit && edit->isModified())
+                return true;
+        }
+        return false;
+    }
+
+    void updateWidget() override
+    {
+        std::array<float, N> values{};
+        if (!field || lineEdits[0] == nullptr || !readField(values))
+            return;
+        for (int i = 0; i < N; ++i) {
+            QString text;
+            text.setNum(values[size_t(i)], 'g', 6);
+            lineEdits[size_t(i)]->setText(text);
+        }
+        cursorsToStart();
+        FxSFieldWidget::updateWidget();
+    }
+
+    // An unparsable or empty component is written as 0. These editors keep
+    // no previous text: the command reads the field after the write.
+    void applyChanges() override
+    {
+        if (!field || lineEdits[0] == nullptr)
+            return;
+        std::array<float, N> values{};
+        for (int i = 0; i < N; ++i)
+            values[size_t(i)] = lineEdits[size_t(i)]->text().toFloat();
+        if (!writeField(values))
+            return;
+        for (QLineEdit* edit : lineEdits)
+            edit->setModified(false);
+        SbString none;
+        KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(field, none));
+    }
+
+protected:
+    FxSFFloatComponents(const char* name, const char* className)
+        : FxSFieldWidget(name ? name : className)
+    {}
+
+    // Builds the columns into the editor's row, after the base's layout.
+    void buildColumns(const ComponentColumnStyle& style, const char* horizontalSpacing,
+                      const char* horizontalMargin)
+    {
+        if (lineEdits[0])
+            return;
+        editLayout->setSpacing(LayoutMetrics::value(QLatin1String(horizontalSpacing)));
+        editLayout->setContentsMargins(QMargins() + LayoutMetrics::value(QLatin1String(horizontalMargin)));
+        for (int i = 0; i < N; ++i) {
+            lineEdits[size_t(i)] = ComponentColumn::floatLineEdit(frame, style);
+            labels[size_t(i)] = ComponentColumn::add(frame, editLayout, style, lineEdits[size_t(i)]);
+            connect(lineEdits[size_t(i)], SIGNAL(editingFinished()), this, SLOT(setFocusLeaveEvent()));
+            connect(lineEdits[size_t(i)], SIGNAL(returnPressed()), this, SLOT(setCommandValue()));
+        }
+    }
+
+    void cursorsToStart()
+    {
+        for (QLineEdit* edit : lineEdits) {
+            if (edit)
+                edit->setCursorPosition(0);
+        }
+    }
+
+    virtual bool readField(std::array<float, N>& values) = 0;
+    virtual bool writeField(const std::array<float, N>& values) = 0;
+
+    std::array<QLineEdit*, N> lineEdits{};
+    std::array<QLabel*, N> labels{};
+};

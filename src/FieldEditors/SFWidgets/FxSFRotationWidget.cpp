@@ -1,0 +1,54 @@
+#include "FxSFRotationWidget.h"
+
+#include <SoTypedObject.h>
+
+#include <Inventor/SbPlane.h>
+#include <Inventor/SbRotation.h>
+#include <Inventor/SbVec3f.h>
+
+FxSFRotationWidget::FxSFRotationWidget(const char* name)
+    : FxSF4fBox(name ? name : "FxSFRotationWidget")
+{
+    handledType = SoSFRotation::getClassTypeId();
+    this->name = "SFRotation";
+}
+
+void FxSFRotationWidget::createWidget()
+{
+    setFieldLabel(QStringLiteral("SFRotation"));
+    const bool built = lineEdits[0] != nullptr;
+    FxSF4fBox::createWidget();
+    if (built)
+        return;
+    setLabels({"x", "y", "z", "radians"});
+    // Leaving a rotation input must not apply a half-typed axis.
+    for (QLineEdit* edit : lineEdits)
+        disconnect(edit, SIGNAL(editingFinished()), this, SLOT(setFocusLeaveEvent()));
+}
+
+bool FxSFRotationWidget::readField(std::array<float, 4>& values)
+{
+    auto* typed = SoTypedObject(field).cast<SoSFRotation>();
+    if (!typed)
+        return false;
+    SbVec3f axis;
+    float angle = 0.0f;
+    typed->getValue(axis, angle);
+    values = {axis[0], axis[1], axis[2], angle};
+    return true;
+}
+
+bool FxSFRotationWidget::writeField(const std::array<float, 4>& values)
+{
+    auto* typed = SoTypedObject(field).cast<SoSFRotation>();
+    if (!typed)
+        return false;
+    typed->setValue(SbRotation(SbVec3f(values[0], values[1], values[2]), values[3]));
+    return true;
+}
+
+void FxSFRotationWidget::checkFocusLeave(void*)
+{
+    if (edited())
+        setFocusLeaveEvent();
+}

@@ -1,8 +1,13 @@
 #pragma once
 
+#include "FxSFBitMaskWidget.h"
+#include "FxSFBoolWidget.h"
+#include "FxSFColorWidget.h"
 #include "FxSFDoubleWidget.h"
+#include "FxSFEnumWidget.h"
 #include "FxSFFilePathStringWidget.h"
 #include "FxSFFloatWidget.h"
+#include "FxSFImageWidget.h"
 #include "FxSFInt32Widget.h"
 #include "FxSFLineWidget.h"
 #include "FxSFNameWidget.h"
@@ -50,9 +55,14 @@ private:
     // go before any editor.
     KalProfileSelectorExtension m_profileSelector;
     KalConsole m_console;
+    FxSFBitMaskWidget m_sfBitMaskWidget;
+    FxSFBoolWidget m_sfBoolWidget;
+    FxSFColorWidget m_sfColorWidget;
+    FxSFEnumWidget m_sfEnumWidget;
     FxSFDoubleWidget m_sfDoubleWidget;
     FxSFFilePathStringWidget m_sfFilePathStringWidget;
     FxSFFloatWidget m_sfFloatWidget;
+    FxSFImageWidget m_sfImageWidget;
     FxSFInt32Widget m_sfInt32Widget;
     FxSFLineWidget m_sfLineWidget;
     FxSFNameWidget m_sfNameWidget;

@@ -43,9 +43,11 @@ public:
     };
     enum Part
     {
+        NOTHING = 0,
         TOP = 1,
         SIDES = 2,
-        BOTTOM = 4
+        BOTTOM = 4,
+        LOWER = 6
     };
 
     static void initClass();

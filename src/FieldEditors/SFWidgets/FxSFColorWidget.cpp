@@ -1,0 +1,183 @@
+#include "FxSFColorWidget.h"
+
+#include "KalSFSetValueCommand.h"
+#include "LayoutMetrics.h"
+#include "ModalDialogs.h"
+
+#include <KalServices.h>
+#include <SoTypedObject.h>
+
+#include <Inventor/fields/SoSFColor.h>
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPixmap>
+#include <QPushButton>
+
+namespace {
+
+int metric(const char* name)
+{
+    return LayoutMetrics::value(QLatin1String(name));
+}
+
+// A channel as the swatch shows it: truncated, and possibly out of range.
+int channel(float component)
+{
+    return int(component * 255.0f);
+}
+
+} // namespace
+
+FxSFColorWidget::FxSFColorWidget(const char* name)
+    : FxSFieldWidget(name ? name : "FxSFColorWidget")
+{
+    handledType = SoSFColor::getClassTypeId();
+    this->name = "SFColor";
+}
+
+void FxSFColorWidget::createWidget()
+{
+    setFieldLabel(QStringLiteral("SFColor"));
+    FxSFieldWidget::createWidget();
+    if (swatch)
+        return;
+    swatch = new QPushButton(frame);
+    swatch->setObjectName(QStringLiteral("m_colorDisp"));
+    swatch->setFixedHeight(metric("SFComponentHeight"));
+    swatch->setFixedWidth(metric("SFColorDispWidth"));
+    QPixmap black(swatch->size());
+    black.fill(QColor(0, 0, 0, 255));
+    swatch->setIcon(QIcon(black));
+    editLayout->setSpacing(metric("SFColorSpacing"));
+    editLayout->setContentsMargins(QMargins() + metric("SFColorMargin"));
+    editLayout->addWidget(swatch, 0);
+
+    const char* const texts[] = {QT_TR_NOOP("<p align=\"right\">R</p>"),
+                                 QT_TR_NOOP("<p align=\"right\">G</p>"),
+                                 QT_TR_NOOP("<p align=\"right\">B</p>")};
+    for (size_t i = 0; i < lineEdits.size(); ++i) {
+        auto* row = new QHBoxLayout;
+        row->setSpacing(metric("SFColorInterSpacing"));
+        row->setObjectName(QStringLiteral("SFColorLayout"));
+        labels[i] = new QLabel(frame);
+        labels[i]->setObjectName(QStringLiteral("SFColorLabel"));
+        labels[i]->setFixedHeight(metric("SFComponentHeight"));
+        labels[i]->setText(tr(texts[i]));
+        lineEdits[i] = new QLineEdit(frame);
+        lineEdits[i]->setObjectName(QStringLiteral("SFColorLine"));
+        lineEdits[i]->setFixedHeight(metric("SFComponentHeight"));
+        row->addWidget(labels[i]);
+        row->addWidget(lineEdits[i]);
+        editLayout->addLayout(row);
+        connect(lineEdits[i], SIGNAL(returnPressed()), this, SLOT(setCommandValue()));
+        connect(lineEdits[i], SIGNAL(editingFinished()), this, SLOT(setFocusLeaveEvent()));
+    }
+    connect(lineEdits[0], SIGNAL(textChanged(const QString&)), this, SLOT(changeRValue(const QString&)));
+    connect(lineEdits[1], SIGNAL(textChanged(const QString&)), this, SLOT(changeGValue(const QString&)));
+    connect(lineEdits[2], SIGNAL(textChanged(const QString&)), this, SLOT(changeBValue(const QString&)));
+    connect(swatch, SIGNAL(clicked()), this, SLOT(getColorEditor()));
+}
+
+// A colour out of range leaves the swatch as it was; the numbers still go to
+// the field as typed.
+void FxSFColorWidget::repaintSwatch()
+{
+    if (!swatch)
+        return;
+    const int red = channel(r);
+    const int green = channel(g);
+    const int blue = channel(b);
+    auto inRange = [](int value) { return value >= 0 && value <= 255; };
+    if (!inRange(red) || !inRange(green) || !inRange(blue))
+        return;
+    QPixmap pixmap(swatch->size());
+    pixmap.fill(QColor(red, green, blue, 255));
+    swatch->setIcon(QIcon(pixmap));
+}
+
+void FxSFColorWidget::showComponents()
+{
+    const float components[] = {r, g, b};
+    for (size_t i = 0; i < lineEdits.size(); ++i) {
+        QString text;
+        text.setNum(components[i], 'g', 6);
+        lineEdits[i]->setText(text);
+    }
+    for (QLineEdit* edit : lineEdits)
+        edit->setCursorPosition(0);
+}
+
+void FxSFColorWidget::changeRValue(const QString& str)
+{
+    r = str.toFloat();
+    repaintSwatch();
+}
+
+void FxSFColorWidget::changeGValue(const QString& str)
+{
+    g = str.toFloat();
+    repaintSwatch();
+}
+
+void FxSFColorWidget::changeBValue(const QString& str)
+{
+    b = str.toFloat();
+    repaintSwatch();
+}
+
+void FxSFColorWidget::updateWidget()
+{
+    auto* typed = SoTypedObject(field).cast<SoSFColor>();
+    if (typed && lineEdits[0]) {
+        const SbColor colour = typed->getValue();
+        r = colour[0];
+        g = colour[1];
+        b = colour[2];
+        showComponents();
+        repaintSwatch();
+    }
+    FxSFieldWidget::updateWidget();
+}
+
+void FxSFColorWidget::getColorEditor()
+{
+    if (!lineEdits[0])
+        return;
+    auto clamp = [](int value) { return qBound(0, value, 255); };
+    const QColor initial(clamp(channel(r)), clamp(channel(g)), clamp(channel(b)));
+    const QColor chosen = ModalDialogs::getColor(initial, frame, QString());
+    if (!chosen.isValid())
+        return;
+    r = float(chosen.red() / 255.0);
+    g = float(chosen.green() / 255.0);
+    b = float(chosen.blue() / 255.0);
+    showComponents();
+    setCommandValue();
+}
+
+// The stored components go to the field, not the texts.
+void FxSFColorWidget::applyChanges()
+{
+    auto* typed = SoTypedObject(field).cast<SoSFColor>();
+    if (!typed)
+        return;
+    typed->setValue(SbColor(r, g, b));
+    for (QLineEdit* edit : lineEdits) {
+        if (edit)
+            edit->setModified(false);
+    }
+    SbString none;
+    KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(typed, none));
+}
+
+bool FxSFColorWidget::edited()
+{
+    for (QLineEdit* edit : lineEdits) {
+        if (edit && edit->isModified())
+            return true;
+    }
+    return false;
+}

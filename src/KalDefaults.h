@@ -2,6 +2,7 @@
 
 #include "FxSFBitMaskWidget.h"
 #include "FxSFBoolWidget.h"
+#include "FxSFBox3sWidget.h"
 #include "FxSFColorWidget.h"
 #include "FxSFDoubleWidget.h"
 #include "FxSFEnumWidget.h"
@@ -10,6 +11,7 @@
 #include "FxSFImageWidget.h"
 #include "FxSFInt32Widget.h"
 #include "FxSFLineWidget.h"
+#include "FxSFMatrixWidget.h"
 #include "FxSFNameWidget.h"
 #include "FxSFPlaneWidget.h"
 #include "FxSFRotationWidget.h"
@@ -57,6 +59,7 @@ private:
     KalConsole m_console;
     FxSFBitMaskWidget m_sfBitMaskWidget;
     FxSFBoolWidget m_sfBoolWidget;
+    FxSFBox3sWidget m_sfBox3sWidget;
     FxSFColorWidget m_sfColorWidget;
     FxSFEnumWidget m_sfEnumWidget;
     FxSFDoubleWidget m_sfDoubleWidget;
@@ -65,6 +68,7 @@ private:
     FxSFImageWidget m_sfImageWidget;
     FxSFInt32Widget m_sfInt32Widget;
     FxSFLineWidget m_sfLineWidget;
+    FxSFMatrixWidget m_sfMatrixWidget;
     FxSFNameWidget m_sfNameWidget;
     FxSFPlaneWidget m_sfPlaneWidget;
     FxSFRotationWidget m_sfRotationWidget;

@@ -382,8 +382,10 @@ void tst_SingleValueEditors::badTextNeverCorruptsTheField_data()
                                 << "";
     QTest::newRow("vector words") << QByteArray("sfVec3f") << "SFVec3fLine"
                                   << "one two three";
-    QTest::newRow("matrix short") << QByteArray("sfMatrix") << "lineEdit"
-                                  << "1 2 3";
+    QTest::newRow("box cell huge") << QByteArray("sfBox3s") << "m_cell"
+                                   << "99999";
+    QTest::newRow("matrix cell words") << QByteArray("sfMatrix") << "m_cell"
+                                       << "one";
 }
 
 void tst_SingleValueEditors::badTextNeverCorruptsTheField()

@@ -41,6 +41,24 @@ const char* const ignoreIconXpm[] = {
     "b74bb+)'bbbbb47b", "b63bbb'%%bbbb36b", "b63bbbb%%'bbb36b", "b74bbbbb')+bb47b", "b75bbbbbb+-/b57b",
     "b964bbbbbb/1469b", "bb864bbbbbb468bb", "bbb8654334568bbb", "bbbb97766779bbbb", "bbbbbbbbbbbbbbbb"};
 
+const char* const editIconXpm[] = {
+    "16 16 63 1",       "# c #283c5a",      "$ c #2a3e5c",      "% c #2d405e",      "& c #2f4261",
+    "' c #324463",      "( c #344766",      ") c #374968",      "* c #394b6a",      "+ c #3c4d6d",
+    ", c #3e4f6f",      "- c #415272",      ". c #435474",      "/ c #465676",      "0 c #485879",
+    "1 c #4b5a7b",      "2 c #4d5d7e",      "3 c #505f80",      "4 c #526182",      "5 c #556385",
+    "6 c #576587",      "7 c #5a688a",      "8 c #5c6a8c",      "9 c #5f6c8e",      ": c #616e91",
+    "; c #647093",      "< c #667396",      "= c #697598",      "> c #6b779a",      "? c #6e799d",
+    "@ c #707b9f",      "A c #737ea2",      "B c #7580a4",      "C c #7882a6",      "D c #7a84a9",
+    "E c #7d86ab",      "F c #7f89ae",      "G c #828bb0",      "H c #848db2",      "I c #878fb5",
+    "J c #8991b7",      "K c #8c94ba",      "L c #8e96bc",      "M c #9198be",      "N c #939ac1",
+    "O c #969cc3",      "P c #989fc6",      "Q c #9ba1c8",      "R c #9da3ca",      "S c #a0a5cd",
+    "T c #a2a7cf",      "U c #a5aad2",      "V c #a7acd4",      "W c #aaaed6",      "X c #acb0d9",
+    "Y c #afb2db",      "Z c #b1b5de",      "[ c #b4b7e0",      "] c #b6b9e2",      "^ c #b9bbe5",
+    "_ c #bbbde7",      "` c #bec0ea",      "a c #c0c2ec",      "b c #c3c4ee",      "bbbbbbbbbbbbbbbb",
+    "b()))***+++,,,-b", "b)OQS*WY[^,KMO-b", "b)QTW*^aMP,VY]-b", "b)SW[+MQUY,KOS.b", "b***+++,,,---..b",
+    "b*W^M+Y`OU-KQW.b", "b*YaQ,`PW_-V^N/b", "b+[MU,OW`Q.KS[/b", "b+^PY,U_QZ.V`R/b", "b+,,,---...///0b",
+    "b,KVK-KVKV/VKV0b", "b,MYO-Q^S`/KWM0b", "b,O]S.WN[R/VMZ1b", "b---...///00011b", "bbbbbbbbbbbbbbbb"};
+
 } // namespace
 
 QPixmap EditorIcons::defaultIcon()
@@ -51,4 +69,9 @@ QPixmap EditorIcons::defaultIcon()
 QPixmap EditorIcons::ignoreIcon()
 {
     return QPixmap(ignoreIconXpm);
+}
+
+QPixmap EditorIcons::editIcon()
+{
+    return QPixmap(editIconXpm);
 }

@@ -417,6 +417,9 @@ void tst_SingleValueEditors::setToDefaultAndIgnoreOnEachFamily_data()
     QTest::newRow("text") << QByteArray("sfName") << "other";
     QTest::newRow("vector") << QByteArray("sfVec3f") << "9 9 9";
     QTest::newRow("generic") << QByteArray("sfTime") << "100";
+    QTest::newRow("choice") << QByteArray("sfBool") << "FALSE";
+    QTest::newRow("colour") << QByteArray("sfColor") << "0 0 1";
+    QTest::newRow("popup") << QByteArray("sfMatrix") << "2 0 0 0 0 2 0 0 0 0 2 0 0 0 0 1";
 }
 
 void tst_SingleValueEditors::setToDefaultAndIgnoreOnEachFamily()

@@ -3,6 +3,7 @@
 // /dev/null and against a plain QTextEdit::append loop (the floor of the
 // widget the console shows text in). Also the memory the console holds after
 // 100,000 captured lines.
+#include "EventLoopPass.h"
 #include <KalConsole.h>
 #include <KalShell.h>
 
@@ -64,11 +65,11 @@ static void BM_ConsoleCapture(benchmark::State& state)
     shownWindow();
     KalConsole console;
     activateCapturing(console);
-    QApplication::processEvents();
+    eventLoopPass();
     for (auto _ : state) {
         for (int i = 0; i < kLines; ++i)
             std::cout << line();
-        QApplication::processEvents();
+        eventLoopPass();
         state.PauseTiming();
         console.clear();
         state.ResumeTiming();
@@ -104,14 +105,14 @@ static void BM_PlainTextEditAppend(benchmark::State& state)
     dock->setWidget(edit);
     window->addDockWidget(Qt::BottomDockWidgetArea, dock);
     dock->show();
-    QApplication::processEvents();
+    eventLoopPass();
     const QString text = QString::fromStdString(line());
     for (auto _ : state) {
         for (int i = 0; i < kLines; ++i) {
             edit->setTextColor(Qt::darkGreen);
             edit->append(text);
         }
-        QApplication::processEvents();
+        eventLoopPass();
         state.PauseTiming();
         edit->clear();
         state.ResumeTiming();
@@ -130,11 +131,11 @@ static void BM_MemoryAfter100kLines(benchmark::State& state)
         shownWindow();
         KalConsole console;
         activateCapturing(console);
-        QApplication::processEvents();
+        eventLoopPass();
         const double before = heapKilobytesInUse();
         for (int i = 0; i < 100000; ++i)
             std::cout << line();
-        QApplication::processEvents();
+        eventLoopPass();
         const double after = heapKilobytesInUse();
         state.counters["heap_kib_added"] = after - before;
         console.deactivate();

@@ -1,6 +1,7 @@
 // Selecting a field until its editor is shown and filled, against a bare dock
 // swap of a prebuilt frame with one line edit and one slider; and one slider
 // step of the float editor from position to refreshed editor.
+#include "EventLoopPass.h"
 #include <KalPluginsManager.h>
 #include <KalServices.h>
 #include <KalShell.h>
@@ -63,7 +64,7 @@ static void BM_SelectFieldUntilShown(benchmark::State& state)
     for (auto _ : state) {
         flip = !flip;
         emit KalServices::getInstance()->selectedFieldChanged(flip ? &s.first->value : &s.second->value);
-        QApplication::processEvents();
+        eventLoopPass();
         benchmark::DoNotOptimize(s.dock->grab());
     }
     emit KalServices::getInstance()->selectedFieldChanged(nullptr);
@@ -100,7 +101,7 @@ static void BM_BareDockSwap(benchmark::State& state)
         edit->setText(QString::number(value += 0.25, 'f', 6));
         dock->setWidget(frame);
         frame->show();
-        QApplication::processEvents();
+        eventLoopPass();
         benchmark::DoNotOptimize(dock->grab());
     }
     dock->setWidget(nullptr);
@@ -114,7 +115,7 @@ static void BM_SliderStep(benchmark::State& state)
 {
     Scene& s = scene();
     emit KalServices::getInstance()->selectedFieldChanged(&s.first->value);
-    QApplication::processEvents();
+    eventLoopPass();
     auto* slider = s.dock ? s.dock->findChild<QSlider*>(QStringLiteral("m_slider")) : nullptr;
     if (!slider) {
         state.SkipWithError("the float editor's slider is missing");

@@ -1,0 +1,159 @@
+// Selecting a field of every single-value type until its editor is shown
+// and filled, each against the bare dock swap of the same run; and memory
+// over 1,000 selections cycling through all those types on one node.
+#include "AllFieldsNode.h"
+#include "EventLoopPass.h"
+
+#include <KalPluginsManager.h>
+#include <KalServices.h>
+#include <KalShell.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDockWidget>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QSlider>
+
+#include <benchmark/benchmark.h>
+
+#include <malloc.h>
+
+namespace {
+
+// The field of each single-value editor, by the editor's name.
+const std::pair<const char*, const char*> kFields[] = {
+    {"SFBitMask", "sfBitMask"},
+    {"SFBool", "sfBool"},
+    {"SFBox3s", "sfBox3s"},
+    {"SFColor", "sfColor"},
+    {"SFDouble", "sfDouble"},
+    {"SFEnum", "sfEnum"},
+    {"SFFilePathString", "sfFilePath"},
+    {"SFFloat", "sfFloat"},
+    {"SFImage", "sfImage"},
+    {"SFInt32", "sfInt32"},
+    {"SField", "sfTime"},
+    {"SFMatrix", "sfMatrix"},
+    {"SFName", "sfName"},
+    {"SFPlane", "sfPlane"},
+    {"SFRotation", "sfRotation"},
+    {"SFShort", "sfShort"},
+    {"SFString", "sfString"},
+    {"SFUInt32", "sfUInt32"},
+    {"SFUShort", "sfUShort"},
+    {"SFVec2f", "sfVec2f"},
+    {"SFVec2i32", "sfVec2i32"},
+    {"SFVec2s", "sfVec2s"},
+    {"SFVec3f", "sfVec3f"},
+    {"SFVec4f", "sfVec4f"},
+};
+
+struct Scene
+{
+    Scene()
+    {
+        AllFieldsNode::initClass();
+        KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+        for (AllFieldsNode*& node : nodes) {
+            node = new AllFieldsNode;
+            node->ref();
+        }
+        window = KalShell::getInstance()->getMainWindow();
+        window->resize(900, 600);
+        window->show();
+        dock = window->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
+    }
+    AllFieldsNode* nodes[2] = {nullptr, nullptr};
+    QMainWindow* window = nullptr;
+    QDockWidget* dock = nullptr;
+};
+
+Scene& scene()
+{
+    static Scene instance;
+    return instance;
+}
+
+} // namespace
+
+// Two nodes' fields of one type in turn, so that every selection tears the
+// editor down and builds it up with another field.
+static void BM_SelectEditor(benchmark::State& state)
+{
+    Scene& s = scene();
+    const char* fieldName = kFields[state.range(0)].second;
+    state.SetLabel(kFields[state.range(0)].first);
+    SoField* fields[2] = {s.nodes[0]->getField(fieldName), s.nodes[1]->getField(fieldName)};
+    if (!s.dock || !fields[0]) {
+        state.SkipWithError("no dock or no field");
+        return;
+    }
+    int which = 0;
+    for (auto _ : state) {
+        which = 1 - which;
+        emit KalServices::getInstance()->selectedFieldChanged(fields[which]);
+        eventLoopPass();
+        benchmark::DoNotOptimize(s.dock->grab());
+    }
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+    KalServices::getInstance()->clearHistory();
+}
+BENCHMARK(BM_SelectEditor)->DenseRange(0, int(std::size(kFields)) - 1)->Unit(benchmark::kMillisecond);
+
+static void BM_BareDockSwap(benchmark::State& state)
+{
+    Scene& s = scene();
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+    QDockWidget* dock = s.dock;
+    auto* frame = new QFrame;
+    auto* layout = new QHBoxLayout(frame);
+    layout->setSizeConstraint(QLayout::SetMinimumSize);
+    layout->addWidget(new QCheckBox);
+    layout->addWidget(new QSlider(Qt::Horizontal));
+    auto* edit = new QLineEdit;
+    layout->addWidget(edit);
+    dock->show();
+    double value = 0;
+    for (auto _ : state) {
+        dock->setWidget(nullptr);
+        frame->setParent(nullptr);
+        edit->setText(QString::number(value += 0.25, 'f', 6));
+        dock->setWidget(frame);
+        frame->show();
+        eventLoopPass();
+        benchmark::DoNotOptimize(dock->grab());
+    }
+    dock->setWidget(nullptr);
+    frame->setParent(nullptr);
+    dock->hide();
+    delete frame;
+}
+BENCHMARK(BM_BareDockSwap)->Unit(benchmark::kMillisecond);
+
+// 1,000 selections cycling through every type, measured twice: the heap in
+// use after the first cycle and after the last must not grow.
+static void BM_ThousandSelectionsMemory(benchmark::State& state)
+{
+    Scene& s = scene();
+    auto cycle = [&s](int selections) {
+        for (int i = 0; i < selections; ++i) {
+            const char* fieldName = kFields[size_t(i) % std::size(kFields)].second;
+            emit KalServices::getInstance()->selectedFieldChanged(s.nodes[0]->getField(fieldName));
+            eventLoopPass();
+        }
+        emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+        KalServices::getInstance()->clearHistory();
+        eventLoopPass();
+    };
+    for (auto _ : state) {
+        cycle(int(std::size(kFields)));
+        const double afterFirstCycle = double(mallinfo2().uordblks);
+        cycle(1000);
+        const double afterThousand = double(mallinfo2().uordblks);
+        state.counters["heap_kib_growth"] = (afterThousand - afterFirstCycle) / 1024.0;
+    }
+}
+BENCHMARK(BM_ThousandSelectionsMemory)->Iterations(1)->Unit(benchmark::kMillisecond);

@@ -9,7 +9,7 @@ packages=(
     qtbase5-dev qtbase5-dev-tools qttools5-dev-tools
     libcoin-dev libsoqt520-dev
     libbenchmark-dev
-    xvfb xauth
+    xvfb xauth libgl1-mesa-dri fonts-dejavu-core
 )
 
 missing=()

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+
+class SoField;
+class SoFieldContainer;
+class QUndoCommand;
+class QUndoStack;
+
+// Gives each command an editor pushes a text that says what changed: the
+// node, the field, and the old and new value where the host saw the old one
+// (the fields of the selected node are noted when it is selected).
+class CommandNamer : public QObject
+{
+    Q_OBJECT
+
+public:
+    CommandNamer(QUndoStack* stack, QObject* parent = nullptr);
+
+    // The scene is going away: forget every field.
+    void reset();
+
+    static QString describe(SoField* field, const QString& before, const QString& after);
+    static QString shortText(SoField* field);
+
+public slots:
+    void noteSelection(SoFieldContainer* container);
+    void noteChange(SoField* field);
+
+private slots:
+    void nameNewCommand();
+
+private:
+    QUndoStack* m_stack;
+    const QUndoCommand* m_lastNamed = nullptr;
+    SoField* m_changed = nullptr;
+    QHash<SoField*, QString> m_known;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+class KalHostWindow;
+
+// The scripted walk `make demo` takes when there is no person at a display:
+// select fields of several types, change one through its editor, undo it
+// from the Edit menu, and take a screenshot after each step.
+class DemoTour : public QObject
+{
+    Q_OBJECT
+
+public:
+    DemoTour(KalHostWindow* host, const QString& directory, QObject* parent = nullptr);
+
+    // Runs the steps one event-loop turn apart; finished() tells the
+    // outcome.
+    void start();
+
+signals:
+    void finished(bool ok);
+
+private:
+    void step();
+    bool shoot(const QString& name, const QString& what);
+    bool changeValue();
+    bool undoFromMenu();
+
+    KalHostWindow* m_host;
+    QString m_directory;
+    int m_step = 0;
+    bool m_ok = true;
+};

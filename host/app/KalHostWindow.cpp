@@ -1,0 +1,500 @@
+#include "KalHostWindow.h"
+
+#include "CommandNamer.h"
+#include "SceneDocument.h"
+#include "SceneModel.h"
+#include "ScenePath.h"
+
+#include <KalPluginsManager.h>
+#include <KalProfile.h>
+#include <KalServices.h>
+#include <KalShell.h>
+
+#include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
+#include <Inventor/fields/SoField.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QSettings>
+#include <QTextStream>
+#include <QTimer>
+#include <QTreeView>
+#include <QUndoStack>
+#include <QUndoView>
+#include <QVBoxLayout>
+#include <QWindow>
+
+static void initHostResources()
+{
+    Q_INIT_RESOURCE(kalhost);
+}
+
+namespace {
+constexpr int kMaxRecentFiles = 8;
+const char* const kRecentKey = "recentFiles";
+const char* const kSampleOrigin = "built-in sample scene";
+
+QString sceneFilter()
+{
+    return QObject::tr("Scenes (*.iv *.ivx);;All files (*)");
+}
+} // namespace
+
+KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
+    : QObject(parent)
+    , m_options(options)
+    , m_window(KalShell::getInstance()->getMainWindow())
+    , m_model(new SceneModel(this))
+    , m_namer(new CommandNamer(KalServices::getInstance()->undoStack(), this))
+{
+    initHostResources();
+    m_window->setObjectName(QStringLiteral("KalHostMainWindow"));
+    m_window->setDockOptions(m_window->dockOptions() | QMainWindow::AllowTabbedDocks);
+    buildCentre();
+    buildDocks();
+    buildMenus();
+    connect(m_model, &SceneModel::fieldChanged, this, &KalHostWindow::fieldChanged);
+    connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
+    connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
+            &CommandNamer::noteSelection);
+    m_window->installEventFilter(this);
+    m_window->resize(1280, 800);
+    refreshTitle();
+}
+
+KalHostWindow::~KalHostWindow()
+{
+    m_window->removeEventFilter(this);
+    // The editors must let go of the scene's fields before it goes.
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+    emit KalServices::getInstance()->selectedNodeChanged(nullptr);
+    KalServices::getInstance()->clearHistory();
+    if (m_viewer)
+        m_viewer->setSceneGraph(nullptr);
+    delete m_viewer;
+    m_viewer = nullptr;
+    m_tree->setModel(nullptr);
+    m_model->setRoot(nullptr);
+    delete m_treeDock;
+    delete m_historyDock;
+    delete m_centre;
+}
+
+QMainWindow* KalHostWindow::window() const
+{
+    return m_window;
+}
+
+SceneModel* KalHostWindow::model() const
+{
+    return m_model;
+}
+
+QTreeView* KalHostWindow::tree() const
+{
+    return m_tree;
+}
+
+SoQtExaminerViewer* KalHostWindow::viewer() const
+{
+    return m_viewer;
+}
+
+QString KalHostWindow::lastError() const
+{
+    return m_lastError;
+}
+
+QString KalHostWindow::scenePath() const
+{
+    return m_path;
+}
+
+bool KalHostWindow::isModified() const
+{
+    return m_changedSinceSave;
+}
+
+void KalHostWindow::setDiscardQuestion(std::function<bool()> question)
+{
+    m_discardQuestion = std::move(question);
+}
+
+void KalHostWindow::buildCentre()
+{
+    m_centre = new QWidget;
+    m_centre->setObjectName(QStringLiteral("SceneView"));
+    auto* layout = new QVBoxLayout(m_centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    if (m_options.view) {
+        m_viewer = new SoQtExaminerViewer(m_centre);
+        m_viewer->setDecoration(TRUE);
+        m_viewer->setBackgroundColor(SbColor(0.16f, 0.18f, 0.22f));
+        layout->addWidget(m_viewer->getWidget());
+    } else {
+        auto* note = new QLabel(tr("The 3D view is off (no OpenGL display)."), m_centre);
+        note->setAlignment(Qt::AlignCenter);
+        layout->addWidget(note);
+    }
+    m_window->setCentralWidget(m_centre);
+}
+
+void KalHostWindow::buildDocks()
+{
+    m_tree = new QTreeView;
+    m_tree->setObjectName(QStringLiteral("SceneTree"));
+    m_tree->setModel(m_model);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setAlternatingRowColors(true);
+    m_tree->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_tree->header()->setStretchLastSection(true);
+    m_tree->setColumnWidth(SceneModel::NameColumn, 200);
+    m_tree->setColumnWidth(SceneModel::TypeColumn, 130);
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &KalHostWindow::currentRowChanged);
+    m_treeDock = new QDockWidget(tr("Scene"));
+    m_treeDock->setObjectName(QStringLiteral("SceneTreeDock"));
+    m_treeDock->setWidget(m_tree);
+    m_window->addDockWidget(Qt::LeftDockWidgetArea, m_treeDock);
+
+    m_history = new QUndoView(KalServices::getInstance()->undoStack());
+    m_history->setObjectName(QStringLiteral("HistoryView"));
+    m_history->setEmptyLabel(tr("<opened scene>"));
+    m_historyDock = new QDockWidget(tr("History"));
+    m_historyDock->setObjectName(QStringLiteral("HistoryDock"));
+    m_historyDock->setWidget(m_history);
+    m_window->addDockWidget(Qt::LeftDockWidgetArea, m_historyDock);
+    // Room for names, types and a glance at the values.
+    m_window->resizeDocks({m_treeDock}, {440}, Qt::Horizontal);
+    m_window->resizeDocks({m_treeDock, m_historyDock}, {560, 160}, Qt::Vertical);
+}
+
+void KalHostWindow::buildMenus()
+{
+    QMenuBar* bar = m_window->menuBar();
+    // The host's own menus go before the Extensions menu the shell keeps.
+    QAction* before = bar->actions().isEmpty() ? nullptr : bar->actions().first();
+
+    auto* file = new QMenu(tr("&File"), bar);
+    file->setObjectName(QStringLiteral("FileMenu"));
+    QAction* open = file->addAction(tr("&Open\u2026"), this, &KalHostWindow::open, QKeySequence::Open);
+    open->setObjectName(QStringLiteral("OpenAction"));
+    m_recentMenu = file->addMenu(tr("Open &Recent"));
+    m_recentMenu->setObjectName(QStringLiteral("RecentMenu"));
+    file->addSeparator();
+    QAction* save = file->addAction(tr("&Save"), this, &KalHostWindow::save, QKeySequence::Save);
+    save->setObjectName(QStringLiteral("SaveAction"));
+    QAction* saveAs =
+        file->addAction(tr("Save &As\u2026"), this, &KalHostWindow::saveAs, QKeySequence::SaveAs);
+    saveAs->setObjectName(QStringLiteral("SaveAsAction"));
+    file->addSeparator();
+    QAction* quit = file->addAction(tr("&Quit"), m_window, &QWidget::close, QKeySequence::Quit);
+    quit->setObjectName(QStringLiteral("QuitAction"));
+    bar->insertMenu(before, file);
+
+    auto* edit = new QMenu(tr("&Edit"), bar);
+    edit->setObjectName(QStringLiteral("EditMenu"));
+    QUndoStack* stack = KalServices::getInstance()->undoStack();
+    QAction* undo = stack->createUndoAction(edit, tr("&Undo"));
+    undo->setObjectName(QStringLiteral("UndoAction"));
+    undo->setShortcut(QKeySequence::Undo);
+    QAction* redo = stack->createRedoAction(edit, tr("&Redo"));
+    redo->setObjectName(QStringLiteral("RedoAction"));
+    redo->setShortcut(QKeySequence::Redo);
+    edit->addAction(undo);
+    edit->addAction(redo);
+    bar->insertMenu(before, edit);
+
+    m_profilesMenu = new QMenu(tr("&Profiles"), bar);
+    m_profilesMenu->setObjectName(QStringLiteral("ProfilesMenu"));
+    bar->insertMenu(before, m_profilesMenu);
+
+    auto* view = new QMenu(tr("&View"), bar);
+    view->addAction(m_treeDock->toggleViewAction());
+    view->addAction(m_historyDock->toggleViewAction());
+    bar->insertMenu(before, view);
+
+    refreshRecentMenu();
+}
+
+void KalHostWindow::refreshProfilesMenu()
+{
+    m_profilesMenu->clear();
+    auto* group = new QActionGroup(m_profilesMenu);
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    for (KalProfile* profile : manager->getProfilesList()) {
+        QAction* action = m_profilesMenu->addAction(QString::fromUtf8(profile->getName().getString()));
+        action->setCheckable(true);
+        action->setChecked(profile == manager->getActiveProfile());
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [this, profile] {
+            KalPluginsManager::getInstance()->setActiveProfile(profile);
+            refreshProfilesMenu();
+        });
+    }
+}
+
+void KalHostWindow::refreshRecentMenu()
+{
+    m_recentMenu->clear();
+    const QStringList recent = QSettings().value(QLatin1String(kRecentKey)).toStringList();
+    for (const QString& path : recent) {
+        QAction* action =
+            m_recentMenu->addAction(QFileInfo(path).fileName(), this, &KalHostWindow::openRecent);
+        action->setData(path);
+        action->setToolTip(path);
+    }
+    m_recentMenu->setEnabled(!recent.isEmpty());
+}
+
+void KalHostWindow::addRecent(const QString& path)
+{
+    QSettings settings;
+    QStringList recent = settings.value(QLatin1String(kRecentKey)).toStringList();
+    const QString absolute = QFileInfo(path).absoluteFilePath();
+    recent.removeAll(absolute);
+    recent.prepend(absolute);
+    while (recent.size() > kMaxRecentFiles)
+        recent.removeLast();
+    settings.setValue(QLatin1String(kRecentKey), recent);
+    refreshRecentMenu();
+}
+
+void KalHostWindow::openRecent()
+{
+    auto* action = qobject_cast<QAction*>(sender());
+    if (action && mayDiscard())
+        openScene(action->data().toString());
+}
+
+void KalHostWindow::fail(const QString& message)
+{
+    m_lastError = message;
+    QTextStream(stderr) << "kalhost: " << message << '\n';
+    if (!m_options.interactive)
+        return;
+    auto* box = new QMessageBox(QMessageBox::Warning, tr("Kalibra"), message, QMessageBox::Ok, m_window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void KalHostWindow::openSample()
+{
+    QFile sample(QStringLiteral(":/scenes/sample.iv"));
+    QString error;
+    SoSeparator* root =
+        sample.open(QIODevice::ReadOnly)
+            ? SceneDocument::readBuffer(sample.readAll(), QLatin1String(kSampleOrigin), &error)
+            : nullptr;
+    if (!root) {
+        fail(error.isEmpty() ? tr("The built-in sample scene is missing.") : error);
+        return;
+    }
+    setScene(root, QString());
+}
+
+bool KalHostWindow::openScene(const QString& path)
+{
+    QString error;
+    SoSeparator* root = SceneDocument::read(path, &error);
+    if (!root) {
+        // The scene that was open stays open.
+        fail(error);
+        return false;
+    }
+    setScene(root, QFileInfo(path).absoluteFilePath());
+    addRecent(path);
+    return true;
+}
+
+void KalHostWindow::setScene(SoSeparator* root, const QString& path)
+{
+    root->ref();
+    // Commands hold raw field pointers and editors watch fields: both let
+    // go of the old scene before it can be freed.
+    m_tree->selectionModel()->clearSelection();
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+    emit KalServices::getInstance()->selectedNodeChanged(nullptr);
+    m_selectedField = nullptr;
+    m_selectedNode = nullptr;
+    KalServices::getInstance()->clearHistory();
+    m_namer->reset();
+    if (m_viewer)
+        m_viewer->setSceneGraph(root);
+    m_model->setRoot(root);
+    root->unrefNoDelete();
+    m_tree->expand(m_model->index(0, 0));
+    m_path = path;
+    m_changedSinceSave = false;
+    KalServices::getInstance()->undoStack()->setClean();
+    if (m_viewer)
+        m_viewer->viewAll();
+    refreshTitle();
+    emit sceneReplaced();
+}
+
+bool KalHostWindow::saveScene(const QString& path)
+{
+    QString error;
+    if (!SceneDocument::write(static_cast<SoSeparator*>(m_model->root()), path, &error)) {
+        fail(error);
+        return false;
+    }
+    m_path = QFileInfo(path).absoluteFilePath();
+    m_changedSinceSave = false;
+    KalServices::getInstance()->undoStack()->setClean();
+    addRecent(path);
+    refreshTitle();
+    return true;
+}
+
+bool KalHostWindow::save()
+{
+    return m_path.isEmpty() ? saveAs() : saveScene(m_path);
+}
+
+bool KalHostWindow::saveAs()
+{
+    const QString path = QFileDialog::getSaveFileName(m_window, tr("Save Scene"), m_path, sceneFilter());
+    return !path.isEmpty() && saveScene(path);
+}
+
+void KalHostWindow::open()
+{
+    if (!mayDiscard())
+        return;
+    const QString path = QFileDialog::getOpenFileName(m_window, tr("Open Scene"), m_path, sceneFilter());
+    if (!path.isEmpty())
+        openScene(path);
+}
+
+bool KalHostWindow::mayDiscard()
+{
+    if (!m_changedSinceSave)
+        return true;
+    if (m_discardQuestion)
+        return m_discardQuestion();
+    if (!m_options.interactive)
+        return true;
+    const auto answer = QMessageBox::question(
+        m_window, tr("Kalibra"), tr("The scene has unsaved changes. Save them first?"),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return save();
+    return answer == QMessageBox::Discard;
+}
+
+bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_window && event->type() == QEvent::Show && m_viewer) {
+        // The camera frames the scene once the view has its real shape.
+        QTimer::singleShot(0, this, [this] {
+            if (m_viewer)
+                m_viewer->viewAll();
+        });
+    }
+    if (watched == m_window && event->type() == QEvent::Close && !mayDiscard()) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void KalHostWindow::currentRowChanged()
+{
+    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
+    const QModelIndex row = rows.isEmpty() ? QModelIndex() : rows.first();
+    SoField* field = m_model->field(row);
+    SoFieldContainer* node = m_model->container(row);
+    KalServices* services = KalServices::getInstance();
+    if (node != m_selectedNode) {
+        m_selectedNode = node;
+        emit services->selectedNodeChanged(node);
+    }
+    if (field != m_selectedField || field) {
+        m_selectedField = field;
+        emit services->selectedFieldChanged(field);
+    }
+}
+
+void KalHostWindow::fieldChanged(SoField*)
+{
+    if (!m_changedSinceSave) {
+        m_changedSinceSave = true;
+        refreshTitle();
+    }
+}
+
+void KalHostWindow::arrangeDocks()
+{
+    // The plug-in's docks arrive after the window is built; the 3D view
+    // keeps the larger share of the width, the console a strip below.
+    QList<QDockWidget*> right;
+    QList<QDockWidget*> bottom;
+    for (QDockWidget* dock : m_window->findChildren<QDockWidget*>()) {
+        if (dock->parentWidget() != m_window)
+            continue;
+        if (m_window->dockWidgetArea(dock) == Qt::RightDockWidgetArea)
+            right << dock;
+        else if (m_window->dockWidgetArea(dock) == Qt::BottomDockWidgetArea)
+            bottom << dock;
+    }
+    if (!right.isEmpty())
+        m_window->resizeDocks(right, QVector<int>(right.size(), 460).toList(), Qt::Horizontal);
+    if (!bottom.isEmpty())
+        m_window->resizeDocks(bottom, QVector<int>(bottom.size(), 150).toList(), Qt::Vertical);
+}
+
+bool KalHostWindow::select(const QString& path)
+{
+    QString error;
+    const QModelIndex row = ScenePath::resolve(*m_model, path, &error);
+    if (!row.isValid()) {
+        fail(error);
+        return false;
+    }
+    m_tree->scrollTo(row);
+    m_tree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
+                                                       QItemSelectionModel::Rows);
+    return true;
+}
+
+bool KalHostWindow::writeScreenshot(const QString& path)
+{
+    // The screen's own pixels where there is one, so that the 3D view's
+    // OpenGL drawing is in the picture; the widgets' rendering otherwise.
+    QPixmap picture;
+    if (m_viewer)
+        m_viewer->render();
+    QScreen* screen = m_window->screen();
+    if (m_viewer && screen && m_window->windowHandle() &&
+        QGuiApplication::platformName() == QLatin1String("xcb"))
+        picture = screen->grabWindow(m_window->winId());
+    if (picture.isNull())
+        picture = m_window->grab();
+    if (picture.isNull() || !picture.save(path, "PNG")) {
+        fail(tr("Cannot write the screenshot \"%1\".").arg(path));
+        return false;
+    }
+    return true;
+}
+
+void KalHostWindow::refreshTitle()
+{
+    const QString name = m_path.isEmpty() ? tr("Sample scene") : QFileInfo(m_path).fileName();
+    m_window->setWindowTitle(
+        tr("%1%2 \u2014 Kalibra").arg(name, m_changedSinceSave ? QStringLiteral("*") : QString()));
+}

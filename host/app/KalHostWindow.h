@@ -1,0 +1,116 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class CommandNamer;
+class QAction;
+class QDockWidget;
+class QMainWindow;
+class QMenu;
+class QTreeView;
+class QUndoView;
+class QWidget;
+class SceneModel;
+class SoField;
+class SoFieldContainer;
+class SoNode;
+class SoQtExaminerViewer;
+class SoSeparator;
+
+// The host application's window: the scene tree, the 3D view, the undo
+// history, and the File, Edit and Profiles menus, around the main window
+// the plug-ins place their docks and toolbars in.
+class KalHostWindow : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Options
+    {
+        // Messages in boxes (a person is there) or only on stderr (tests,
+        // scripted runs).
+        bool interactive = true;
+        // The 3D view needs OpenGL; without it the centre shows a note.
+        bool view = true;
+    };
+
+    explicit KalHostWindow(const Options& options, QObject* parent = nullptr);
+    ~KalHostWindow() override;
+
+    QMainWindow* window() const;
+    SceneModel* model() const;
+    QTreeView* tree() const;
+    SoQtExaminerViewer* viewer() const;
+
+    void openSample();
+    bool openScene(const QString& path);
+    bool saveScene(const QString& path);
+    QString scenePath() const;
+    bool isModified() const;
+
+    // Selects a row of the tree as a person would, from a path text (see
+    // ScenePath).
+    bool select(const QString& path);
+    bool writeScreenshot(const QString& path);
+
+    // Gives the plug-ins' docks sizes that leave the 3D view room.
+    void arrangeDocks();
+
+    // Adds the Profiles menu entries for the profiles the host holds.
+    void refreshProfilesMenu();
+
+    QString lastError() const;
+
+    // Asked before unsaved changes are dropped: true goes on. The default
+    // asks the person in a message box.
+    void setDiscardQuestion(std::function<bool()> question);
+
+signals:
+    void sceneReplaced();
+
+public slots:
+    bool save();
+    bool saveAs();
+    void open();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private slots:
+    void currentRowChanged();
+    void fieldChanged(SoField* field);
+    void openRecent();
+
+private:
+    void buildMenus();
+    void buildDocks();
+    void buildCentre();
+    void setScene(SoSeparator* root, const QString& path);
+    bool mayDiscard();
+    void fail(const QString& message);
+    void addRecent(const QString& path);
+    void refreshRecentMenu();
+    void refreshTitle();
+
+    Options m_options;
+    QMainWindow* m_window;
+    SceneModel* m_model;
+    CommandNamer* m_namer;
+    QTreeView* m_tree = nullptr;
+    QDockWidget* m_treeDock = nullptr;
+    QDockWidget* m_historyDock = nullptr;
+    QUndoView* m_history = nullptr;
+    QWidget* m_centre = nullptr;
+    SoQtExaminerViewer* m_viewer = nullptr;
+    QMenu* m_recentMenu = nullptr;
+    QMenu* m_profilesMenu = nullptr;
+    QString m_path;
+    QString m_lastError;
+    bool m_changedSinceSave = false;
+    SoFieldContainer* m_selectedNode = nullptr;
+    SoField* m_selectedField = nullptr;
+    std::function<bool()> m_discardQuestion;
+};

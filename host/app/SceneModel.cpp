@@ -1,0 +1,311 @@
+#include "SceneModel.h"
+
+#include <Inventor/SbName.h>
+#include <Inventor/SbString.h>
+#include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoFieldData.h>
+#include <Inventor/fields/SoMField.h>
+#include <Inventor/misc/SoChildList.h>
+#include <Inventor/nodes/SoNode.h>
+#include <Inventor/sensors/SoNodeSensor.h>
+
+#include <QFont>
+
+namespace {
+
+// A value text is a summary: long values are cut, and a list shows its size
+// and its first values only, so that a field of a million values costs what
+// a short one does.
+constexpr int kMaxShownValues = 6;
+constexpr int kMaxTextLength = 160;
+
+QString clipped(const SbString& text)
+{
+    QString shown = QString::fromUtf8(text.getString()).simplified();
+    if (shown.size() > kMaxTextLength)
+        shown = shown.left(kMaxTextLength - 1) + QChar(0x2026);
+    return shown;
+}
+
+QString valueText(SoField* field)
+{
+    if (field->isOfType(SoMField::getClassTypeId())) {
+        auto* list = static_cast<SoMField*>(field);
+        const int count = list->getNum();
+        QStringList values;
+        for (int i = 0; i < count && i < kMaxShownValues; ++i) {
+            SbString value;
+            list->get1(i, value);
+            values << clipped(value);
+        }
+        QString text = QStringLiteral("[%1] %2").arg(count).arg(values.join(QStringLiteral(", ")));
+        if (count > kMaxShownValues)
+            text += QStringLiteral(", ") + QChar(0x2026);
+        return clipped(SbString(text.toUtf8().constData()));
+    }
+    SbString value;
+    field->get(value);
+    return clipped(value);
+}
+
+} // namespace
+
+struct SceneModel::Item
+{
+    Item* parent = nullptr;
+    int row = 0;
+    SoNode* node = nullptr;
+    SoField* field = nullptr;
+    // Made on demand; a null entry is a row no view has asked for yet.
+    std::vector<std::unique_ptr<Item>> children;
+    bool sized = false;
+};
+
+SceneModel::SceneModel(QObject* parent)
+    : QAbstractItemModel(parent)
+    , m_top(new Item)
+    , m_sensor(new SoNodeSensor(&SceneModel::sceneChanged, this))
+{
+    // Immediate, so that the field that changed is known in the callback.
+    m_sensor->setPriority(0);
+}
+
+SceneModel::~SceneModel()
+{
+    m_sensor->detach();
+    if (m_root)
+        m_root->unref();
+}
+
+void SceneModel::setRoot(SoNode* root)
+{
+    beginResetModel();
+    m_sensor->detach();
+    m_fieldRows.clear();
+    m_changed.clear();
+    m_top.reset(new Item);
+    if (root)
+        root->ref();
+    if (m_root)
+        m_root->unref();
+    m_root = root;
+    if (m_root)
+        m_sensor->attach(m_root);
+    endResetModel();
+}
+
+SoNode* SceneModel::root() const
+{
+    return m_root;
+}
+
+SceneModel::Item* SceneModel::itemOf(const QModelIndex& index) const
+{
+    return index.isValid() ? static_cast<Item*>(index.internalPointer()) : m_top.get();
+}
+
+int SceneModel::fieldCount(SoNode* node)
+{
+    const SoFieldData* data = node ? node->getFieldData() : nullptr;
+    return data ? data->getNumFields() : 0;
+}
+
+int SceneModel::childNodeCount(SoNode* node)
+{
+    SoChildList* children = node ? node->getChildren() : nullptr;
+    return children ? children->getLength() : 0;
+}
+
+SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
+{
+    if (!parent->sized) {
+        parent->sized = true;
+        if (parent == m_top.get())
+            parent->children.resize(m_root ? 1 : 0);
+        else if (parent->node)
+            parent->children.resize(size_t(fieldCount(parent->node) + childNodeCount(parent->node)));
+    }
+    if (row < 0 || size_t(row) >= parent->children.size())
+        return nullptr;
+    std::unique_ptr<Item>& slot = parent->children[size_t(row)];
+    if (!slot) {
+        slot.reset(new Item);
+        slot->parent = parent;
+        slot->row = row;
+        if (parent == m_top.get()) {
+            slot->node = m_root;
+        } else {
+            const int fields = fieldCount(parent->node);
+            if (row < fields) {
+                slot->field = parent->node->getFieldData()->getField(parent->node, row);
+                m_fieldRows.insert(slot->field, slot.get());
+            } else {
+                slot->node = (*parent->node->getChildren())[row - fields];
+            }
+        }
+    }
+    return slot.get();
+}
+
+SoField* SceneModel::field(const QModelIndex& index) const
+{
+    Item* item = index.isValid() ? itemOf(index) : nullptr;
+    return item ? item->field : nullptr;
+}
+
+SoFieldContainer* SceneModel::container(const QModelIndex& index) const
+{
+    Item* item = index.isValid() ? itemOf(index) : nullptr;
+    if (!item)
+        return nullptr;
+    return item->field ? item->parent->node : item->node;
+}
+
+QModelIndex SceneModel::nodeIndex(const std::vector<int>& childPlaces) const
+{
+    QModelIndex current = index(0, 0);
+    for (int place : childPlaces) {
+        Item* item = itemOf(current);
+        if (!current.isValid() || !item->node)
+            return QModelIndex();
+        current = index(fieldCount(item->node) + place, 0, current);
+    }
+    return current;
+}
+
+QModelIndex SceneModel::fieldIndex(const QModelIndex& nodeRow, SoField* wanted) const
+{
+    Item* item = nodeRow.isValid() ? itemOf(nodeRow) : nullptr;
+    if (!item || !item->node || !wanted)
+        return QModelIndex();
+    const SoFieldData* data = item->node->getFieldData();
+    for (int i = 0; data && i < data->getNumFields(); ++i) {
+        if (data->getField(item->node, i) == wanted)
+            return index(i, 0, nodeRow);
+    }
+    return QModelIndex();
+}
+
+QModelIndex SceneModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (column < 0 || column >= ColumnCount)
+        return QModelIndex();
+    Item* parentItem = itemOf(parent);
+    if (parentItem->field)
+        return QModelIndex();
+    Item* item = childOf(parentItem, row);
+    return item ? createIndex(row, column, item) : QModelIndex();
+}
+
+QModelIndex SceneModel::parent(const QModelIndex& child) const
+{
+    Item* item = child.isValid() ? itemOf(child) : nullptr;
+    if (!item || !item->parent || item->parent == m_top.get())
+        return QModelIndex();
+    return createIndex(item->parent->row, 0, item->parent);
+}
+
+int SceneModel::rowCount(const QModelIndex& parent) const
+{
+    if (parent.isValid() && parent.column() != 0)
+        return 0;
+    Item* item = itemOf(parent);
+    if (item == m_top.get())
+        return m_root ? 1 : 0;
+    return item->node ? fieldCount(item->node) + childNodeCount(item->node) : 0;
+}
+
+int SceneModel::columnCount(const QModelIndex&) const
+{
+    return ColumnCount;
+}
+
+bool SceneModel::hasChildren(const QModelIndex& parent) const
+{
+    return rowCount(parent) > 0;
+}
+
+QVariant SceneModel::data(const QModelIndex& index, int role) const
+{
+    Item* item = index.isValid() ? itemOf(index) : nullptr;
+    if (!item)
+        return QVariant();
+    if (role == Qt::FontRole && item->node && index.column() == NameColumn) {
+        QFont font;
+        font.setBold(true);
+        return font;
+    }
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
+        return QVariant();
+    if (item->node) {
+        const QString type = QString::fromLatin1(item->node->getTypeId().getName().getString());
+        const QString name = QString::fromUtf8(item->node->getName().getString());
+        switch (index.column()) {
+        case NameColumn:
+            return name.isEmpty() ? type : name;
+        case TypeColumn:
+            return type;
+        default:
+            return QVariant();
+        }
+    }
+    switch (index.column()) {
+    case NameColumn: {
+        SbName name;
+        item->parent->node->getFieldName(item->field, name);
+        return QString::fromLatin1(name.getString());
+    }
+    case TypeColumn:
+        return QString::fromLatin1(item->field->getTypeId().getName().getString());
+    default:
+        return valueText(item->field);
+    }
+}
+
+QVariant SceneModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return QVariant();
+    switch (section) {
+    case NameColumn:
+        return tr("Name");
+    case TypeColumn:
+        return tr("Type");
+    case ValueColumn:
+        return tr("Value");
+    default:
+        return QVariant();
+    }
+}
+
+void SceneModel::sceneChanged(void* data, SoSensor* sensor)
+{
+    auto* model = static_cast<SceneModel*>(data);
+    SoField* field = static_cast<SoNodeSensor*>(sensor)->getTriggerField();
+    if (!field)
+        return;
+    emit model->fieldChanged(field);
+    if (!model->m_fieldRows.contains(field))
+        return;
+    // Many writes in a row (a slider drag) refresh the row once.
+    model->m_changed.insert(field);
+    if (!model->m_refreshQueued) {
+        model->m_refreshQueued = true;
+        QMetaObject::invokeMethod(
+            model, [model] { model->refreshChangedValues(); }, Qt::QueuedConnection);
+    }
+}
+
+void SceneModel::refreshChangedValues()
+{
+    m_refreshQueued = false;
+    const QSet<SoField*> changed = std::move(m_changed);
+    m_changed.clear();
+    for (SoField* field : changed) {
+        Item* item = m_fieldRows.value(field);
+        if (!item)
+            continue;
+        const QModelIndex value = createIndex(item->row, ValueColumn, item);
+        emit dataChanged(value, value, {Qt::DisplayRole, Qt::ToolTipRole});
+    }
+}

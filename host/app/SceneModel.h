@@ -1,0 +1,78 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <QSet>
+
+#include <memory>
+#include <vector>
+
+class SoField;
+class SoFieldContainer;
+class SoNode;
+class SoNodeSensor;
+class SoSensor;
+
+// The scene graph as a tree: every node with its fields first, then its
+// children. Rows are made when a view first asks for them, so that a scene of
+// any size opens at once; value texts follow the fields as they change.
+class SceneModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    enum Column
+    {
+        NameColumn,
+        TypeColumn,
+        ValueColumn,
+        ColumnCount
+    };
+
+    explicit SceneModel(QObject* parent = nullptr);
+    ~SceneModel() override;
+
+    // Shows another scene (or none); the model holds a reference to it.
+    void setRoot(SoNode* root);
+    SoNode* root() const;
+
+    // What a row stands for: a field row has a field and its container, a
+    // node row a container only.
+    SoField* field(const QModelIndex& index) const;
+    SoFieldContainer* container(const QModelIndex& index) const;
+
+    // The row of the node reached from the root through these child places
+    // (empty: the root itself), or of one of its fields.
+    QModelIndex nodeIndex(const std::vector<int>& childPlaces) const;
+    QModelIndex fieldIndex(const QModelIndex& nodeRow, SoField* field) const;
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex& parent = QModelIndex()) const override;
+    bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+signals:
+    // A field of the shown scene changed its value, through any path.
+    void fieldChanged(SoField* field);
+
+private:
+    struct Item;
+
+    Item* itemOf(const QModelIndex& index) const;
+    Item* childOf(Item* parent, int row) const;
+    static int fieldCount(SoNode* node);
+    static int childNodeCount(SoNode* node);
+    static void sceneChanged(void* data, SoSensor* sensor);
+    void refreshChangedValues();
+
+    std::unique_ptr<Item> m_top;
+    SoNode* m_root = nullptr;
+    std::unique_ptr<SoNodeSensor> m_sensor;
+    // Only fields that have a row are followed.
+    mutable QHash<SoField*, Item*> m_fieldRows;
+    QSet<SoField*> m_changed;
+    bool m_refreshQueued = false;
+};

@@ -24,6 +24,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
+#include <QList>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -91,6 +92,8 @@ KalHostWindow::~KalHostWindow()
     delete m_treeDock;
     delete m_historyDock;
     delete m_centre;
+    // The main window outlives this object (the shell keeps it).
+    qDeleteAll(m_menus);
 }
 
 QMainWindow* KalHostWindow::window() const
@@ -226,6 +229,7 @@ void KalHostWindow::buildMenus()
     view->addAction(m_treeDock->toggleViewAction());
     view->addAction(m_historyDock->toggleViewAction());
     bar->insertMenu(before, view);
+    m_menus = {file, edit, m_profilesMenu, view};
 
     refreshRecentMenu();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QString>
 
@@ -105,6 +106,7 @@ private:
     QUndoView* m_history = nullptr;
     QWidget* m_centre = nullptr;
     SoQtExaminerViewer* m_viewer = nullptr;
+    QList<QMenu*> m_menus;
     QMenu* m_recentMenu = nullptr;
     QMenu* m_profilesMenu = nullptr;
     QString m_path;

@@ -123,7 +123,7 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, QString* error
         return false;
     }
     SoOutput output;
-    output.setBuffer(nullptr, 4096, &realloc);
+    output.setBuffer(malloc(4096), 4096, &realloc);
     SoWriteAction writer(&output);
     writer.apply(root);
     void* buffer = nullptr;

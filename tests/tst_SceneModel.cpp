@@ -1,0 +1,211 @@
+// The host's scene tree model: Qt's model checks on the sample scene and on
+// a scene of 100,000 nodes, rows made on demand, value texts that follow
+// the fields, and the paths --select understands.
+#include <KalFieldSampler.h>
+#include <SceneDocument.h>
+#include <SceneModel.h>
+#include <ScenePath.h>
+#include <SoKalExtensions.h>
+
+#include <Inventor/SoDB.h>
+#include <Inventor/nodes/SoCube.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QAbstractItemModelTester>
+#include <QFile>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+SoSeparator* sampleScene()
+{
+    QFile file(QStringLiteral(":/scenes/sample.iv"));
+    if (!file.open(QIODevice::ReadOnly))
+        return nullptr;
+    QString error;
+    return SceneDocument::readBuffer(file.readAll(), QStringLiteral("sample"), &error);
+}
+
+// A flat group of groups: 1,000 separators of 99 nodes each.
+SoSeparator* hugeScene()
+{
+    auto* root = new SoSeparator;
+    for (int group = 0; group < 1000; ++group) {
+        auto* separator = new SoSeparator;
+        for (int i = 0; i < 98; ++i)
+            separator->addChild((i % 2) ? static_cast<SoNode*>(new SoCube) : new SoMaterial);
+        root->addChild(separator);
+    }
+    return root;
+}
+
+void walk(QAbstractItemModel& model, const QModelIndex& parent, int depth, int* rows)
+{
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        ++*rows;
+        const QModelIndex index = model.index(row, 0, parent);
+        QVERIFY(index.isValid());
+        model.data(model.index(row, SceneModel::ValueColumn, parent));
+        if (depth > 0)
+            walk(model, index, depth - 1, rows);
+    }
+}
+
+} // namespace
+
+class tst_SceneModel : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+
+    void sampleSceneIsAValidModel();
+    void hugeSceneIsAValidModel();
+    void hugeSceneMakesRowsOnlyOnDemand();
+    void rowsShowNodesThenFieldsThenChildren();
+    void valueTextsFollowTheFields();
+    void longListsAreSummarised();
+    void pathsByNameAndByPlaces();
+    void unknownPathsSayWhy();
+};
+
+void tst_SceneModel::initTestCase()
+{
+    Q_INIT_RESOURCE(kalhost);
+    SoDB::init();
+    SoKalExtensions::init();
+    KalFieldSampler::initClass();
+}
+
+void tst_SceneModel::sampleSceneIsAValidModel()
+{
+    SceneModel model;
+    SoSeparator* root = sampleScene();
+    QVERIFY(root);
+    model.setRoot(root);
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    int rows = 0;
+    walk(model, QModelIndex(), 6, &rows);
+    QVERIFY(rows > 80);
+    model.setRoot(nullptr);
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void tst_SceneModel::hugeSceneIsAValidModel()
+{
+    SceneModel model;
+    model.setRoot(hugeScene());
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    const QModelIndex top = model.index(0, 0);
+    // Four fields of the separator, then its thousand children.
+    QCOMPARE(model.rowCount(top), 4 + 1000);
+    const QModelIndex last = model.index(4 + 999, 0, top);
+    QCOMPARE(model.rowCount(last), 4 + 98);
+    int rows = 0;
+    walk(model, last, 2, &rows);
+    QVERIFY(rows >= 102);
+}
+
+void tst_SceneModel::hugeSceneMakesRowsOnlyOnDemand()
+{
+    SceneModel model;
+    model.setRoot(hugeScene());
+    // Counting rows builds nothing below the top; asking for one row of the
+    // last group reaches it without touching the other 999 groups.
+    const QModelIndex top = model.index(0, 0);
+    QCOMPARE(model.rowCount(top), 1004);
+    const QModelIndex node = model.nodeIndex({999, 97});
+    QVERIFY(node.isValid());
+    QCOMPARE(model.data(node.siblingAtColumn(SceneModel::TypeColumn)).toString(), QStringLiteral("Cube"));
+}
+
+void tst_SceneModel::rowsShowNodesThenFieldsThenChildren()
+{
+    SceneModel model;
+    model.setRoot(sampleScene());
+    const QModelIndex stone = model.nodeIndex({3, 1});
+    QCOMPARE(model.data(stone).toString(), QStringLiteral("Stone"));
+    QCOMPARE(model.data(stone.siblingAtColumn(SceneModel::TypeColumn)).toString(),
+             QStringLiteral("Material"));
+    const QModelIndex diffuse = model.index(1, 0, stone);
+    QCOMPARE(model.data(diffuse).toString(), QStringLiteral("diffuseColor"));
+    QCOMPARE(model.data(diffuse.siblingAtColumn(SceneModel::TypeColumn)).toString(),
+             QStringLiteral("MFColor"));
+    QCOMPARE(model.data(diffuse.siblingAtColumn(SceneModel::ValueColumn)).toString(),
+             QStringLiteral("[1] 0.80000001 0.75 0.64999998"));
+    QVERIFY(model.field(diffuse));
+    QCOMPARE(model.container(diffuse), model.container(stone));
+    QVERIFY(!model.hasChildren(diffuse));
+    // The separator's four fields come before its children.
+    const QModelIndex pedestal = model.nodeIndex({3});
+    QCOMPARE(model.data(model.index(4, 0, pedestal)).toString(), QStringLiteral("PedestalTransform"));
+}
+
+void tst_SceneModel::valueTextsFollowTheFields()
+{
+    SceneModel model;
+    model.setRoot(sampleScene());
+    QString error;
+    const QModelIndex opacity = ScenePath::resolve(model, QStringLiteral("Sampler.opacity"), &error);
+    QVERIFY2(opacity.isValid(), qPrintable(error));
+    const QModelIndex value = opacity.siblingAtColumn(SceneModel::ValueColumn);
+    QCOMPARE(model.data(value).toString(), QStringLiteral("0.75"));
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    QSignalSpy fieldChanged(&model, &SceneModel::fieldChanged);
+    auto* sampler = static_cast<KalFieldSampler*>(model.container(opacity));
+    sampler->opacity.setValue(0.25f);
+    sampler->opacity.setValue(0.5f);
+    QCOMPARE(fieldChanged.count(), 2);
+    QTRY_COMPARE(changed.count(), 1);
+    QCOMPARE(changed.first().at(0).toModelIndex(), value);
+    QCOMPARE(model.data(value).toString(), QStringLiteral("0.5"));
+}
+
+void tst_SceneModel::longListsAreSummarised()
+{
+    SceneModel model;
+    model.setRoot(sampleScene());
+    QString error;
+    const QModelIndex ramp = ScenePath::resolve(model, QStringLiteral("Sampler.ramp"), &error);
+    auto* sampler = static_cast<KalFieldSampler*>(model.container(ramp));
+    std::vector<float> values(100000, 0.5f);
+    sampler->ramp.setValues(0, int(values.size()), values.data());
+    const QString text = model.data(ramp.siblingAtColumn(SceneModel::ValueColumn)).toString();
+    QVERIFY(text.startsWith(QStringLiteral("[100000] 0.5, 0.5")));
+    QVERIFY(text.size() < 170);
+}
+
+void tst_SceneModel::pathsByNameAndByPlaces()
+{
+    SceneModel model;
+    model.setRoot(sampleScene());
+    QString error;
+    const QModelIndex byName = ScenePath::resolve(model, QStringLiteral("Stone.diffuseColor"), &error);
+    const QModelIndex byPlaces = ScenePath::resolve(model, QStringLiteral("/3/1.diffuseColor"), &error);
+    QVERIFY(byName.isValid());
+    QCOMPARE(byName, byPlaces);
+    QCOMPARE(ScenePath::resolve(model, QStringLiteral("/"), &error), model.index(0, 0));
+    QCOMPARE(model.data(ScenePath::resolve(model, QStringLiteral("Gold"), &error)).toString(),
+             QStringLiteral("Gold"));
+}
+
+void tst_SceneModel::unknownPathsSayWhy()
+{
+    SceneModel model;
+    model.setRoot(sampleScene());
+    QString error;
+    QVERIFY(!ScenePath::resolve(model, QStringLiteral("Nobody.value"), &error).isValid());
+    QCOMPARE(error, QStringLiteral("The scene has no node \"Nobody\"."));
+    QVERIFY(!ScenePath::resolve(model, QStringLiteral("Stone.nothing"), &error).isValid());
+    QCOMPARE(error, QStringLiteral("The node \"Stone\" has no field \"nothing\"."));
+    QVERIFY(!ScenePath::resolve(model, QStringLiteral("/99/1"), &error).isValid());
+    QVERIFY(!ScenePath::resolve(model, QStringLiteral("/x"), &error).isValid());
+    model.setRoot(nullptr);
+    QVERIFY(!ScenePath::resolve(model, QStringLiteral("Stone"), &error).isValid());
+}
+
+QTEST_MAIN(tst_SceneModel)
+#include "tst_SceneModel.moc"

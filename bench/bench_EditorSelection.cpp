@@ -1,6 +1,7 @@
 // Selecting a field until its editor is shown and filled, against a bare dock
 // swap of a prebuilt frame with one line edit and one slider; and one slider
 // step of the float editor from position to refreshed editor.
+#include "BareDockSwap.h"
 #include "EventLoopPass.h"
 #include <KalPluginsManager.h>
 #include <KalServices.h>
@@ -11,11 +12,7 @@
 #include <Inventor/sensors/SoSensorManager.h>
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QDockWidget>
-#include <QFrame>
-#include <QHBoxLayout>
-#include <QLineEdit>
 #include <QMainWindow>
 #include <QSlider>
 
@@ -71,43 +68,11 @@ static void BM_SelectFieldUntilShown(benchmark::State& state)
 }
 BENCHMARK(BM_SelectFieldUntilShown)->Unit(benchmark::kMillisecond);
 
-// The floor: what any dock must pay to swap in a small frame and draw it.
-// It uses the same dock of the same window, emptied, so that both figures
-// pay for the same main window layout.
 static void BM_BareDockSwap(benchmark::State& state)
 {
     Scene& s = scene();
-    if (!s.dock) {
-        state.SkipWithError("the Field Editor dock is missing");
-        return;
-    }
     emit KalServices::getInstance()->selectedFieldChanged(nullptr);
-    QDockWidget* dock = s.dock;
-    // One prebuilt frame goes out of the dock and back in with a new value,
-    // as the float editor's frame does when another float field is chosen.
-    auto* frame = new QFrame;
-    auto* layout = new QHBoxLayout(frame);
-    // Sized like an editor's frame, which keeps the dock at its minimum.
-    layout->setSizeConstraint(QLayout::SetMinimumSize);
-    layout->addWidget(new QCheckBox);
-    layout->addWidget(new QSlider(Qt::Horizontal));
-    auto* edit = new QLineEdit;
-    layout->addWidget(edit);
-    dock->show();
-    double value = 0;
-    for (auto _ : state) {
-        dock->setWidget(nullptr);
-        frame->setParent(nullptr);
-        edit->setText(QString::number(value += 0.25, 'f', 6));
-        dock->setWidget(frame);
-        frame->show();
-        eventLoopPass();
-        benchmark::DoNotOptimize(dock->grab());
-    }
-    dock->setWidget(nullptr);
-    frame->setParent(nullptr);
-    dock->hide();
-    delete frame;
+    runBareDockSwap(state, s.dock);
 }
 BENCHMARK(BM_BareDockSwap)->Unit(benchmark::kMillisecond);
 

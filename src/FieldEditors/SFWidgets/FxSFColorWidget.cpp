@@ -93,9 +93,14 @@ void FxSFColorWidget::repaintSwatch()
     auto inRange = [](int value) { return value >= 0 && value <= 255; };
     if (!inRange(red) || !inRange(green) || !inRange(blue))
         return;
+    const QRgb wanted = qRgb(red, green, blue);
+    if (wanted == shown && swatch->icon().cacheKey() == iconKey)
+        return;
     QPixmap pixmap(swatch->size());
     pixmap.fill(QColor(red, green, blue, 255));
     swatch->setIcon(QIcon(pixmap));
+    shown = wanted;
+    iconKey = swatch->icon().cacheKey();
 }
 
 void FxSFColorWidget::showComponents()

@@ -2,6 +2,8 @@
 
 #include "FxSFieldWidget.h"
 
+#include <QRgb>
+
 #include <array>
 
 class QLabel;
@@ -39,4 +41,9 @@ private:
     float r = 0.0f;
     float g = 0.0f;
     float b = 0.0f;
+    // What the swatch shows now: every new icon costs Qt a rendering in
+    // its pixmap cache and some bookkeeping, so an unchanged colour (a
+    // refresh, another field of the same colour) keeps the icon it has.
+    QRgb shown = qRgb(0, 0, 0);
+    qint64 iconKey = 0;
 };

@@ -13,6 +13,7 @@
 #include <SoKalExtensions.h>
 
 #include <Inventor/Qt/SoQt.h>
+#include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 #include <Inventor/SoDB.h>
 #include <Inventor/fields/SoField.h>
 #include <Inventor/fields/SoMField.h>
@@ -21,9 +22,11 @@
 #include <Inventor/sensors/SoSensorManager.h>
 
 #include <QDockWidget>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTreeView>
 #include <QUndoStack>
@@ -131,6 +134,9 @@ private slots:
     void unsavedChangesAreAskedAbout();
     void screenshotIsWritten();
     void profileFromAFileLimitsTheEditors();
+    void profilesMenuSwitchesTheProfile();
+    void recentFilesReopen();
+    void viewRedrawsWhenAFieldChanges();
 
 private:
     void clickRow(const QModelIndex& index);
@@ -401,6 +407,77 @@ void tst_HostWindow::profileFromAFileLimitsTheEditors()
     // The generic editor is not in the profile: nothing shows a colour.
     QVERIFY(m_host->select(QStringLiteral("Sampler.tint")));
     QVERIFY(fieldDock()->isHidden());
+}
+
+void tst_HostWindow::profilesMenuSwitchesTheProfile()
+{
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    auto* empty = new KalProfile("Nothing");
+    manager->addProfile(empty);
+    m_host->refreshProfilesMenu();
+    auto* menu = m_host->window()->findChild<QMenu*>(QStringLiteral("ProfilesMenu"));
+    QAction* nothing = nullptr;
+    for (QAction* action : menu->actions()) {
+        if (action->text() == QLatin1String("Nothing"))
+            nothing = action;
+        else
+            QVERIFY(action->isChecked());
+    }
+    QVERIFY(nothing && !nothing->isChecked());
+    nothing->trigger();
+    QCOMPARE(manager->getActiveProfile(), empty);
+    // Nothing is switched on: no dock follows the selection.
+    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
+    QVERIFY(!fieldDock() || fieldDock()->isHidden() || !fieldDock()->isVisibleTo(m_host->window()));
+    for (QAction* action : menu->actions())
+        QCOMPARE(action->isChecked(), action->text() == QLatin1String("Nothing"));
+}
+
+void tst_HostWindow::recentFilesReopen()
+{
+    const QString first = m_dir.filePath(QStringLiteral("first.iv"));
+    const QString second = m_dir.filePath(QStringLiteral("second.iv"));
+    writeFile(first, "#Inventor V2.1 ascii\nDEF First Material { }\n");
+    writeFile(second, "#Inventor V2.1 ascii\nDEF Second Material { }\n");
+    QVERIFY(m_host->openScene(first));
+    QVERIFY(m_host->openScene(second));
+    auto* recent = m_host->window()->findChild<QMenu*>(QStringLiteral("RecentMenu"));
+    QVERIFY(recent && recent->isEnabled());
+    QCOMPARE(recent->actions().at(0)->data().toString(), QFileInfo(second).absoluteFilePath());
+    QCOMPARE(recent->actions().at(1)->data().toString(), QFileInfo(first).absoluteFilePath());
+    recent->actions().at(1)->trigger();
+    QCOMPARE(m_host->scenePath(), QFileInfo(first).absoluteFilePath());
+    QVERIFY(m_host->select(QStringLiteral("First")));
+}
+
+void tst_HostWindow::viewRedrawsWhenAFieldChanges()
+{
+    if (!m_host->viewer())
+        QSKIP("The 3D view needs an X server (this test also runs under Xvfb).");
+    QWidget* view = m_host->viewer()->getGLWidget();
+    QVERIFY(view);
+    auto frame = [&] {
+        QTest::qWait(200);
+        return QGuiApplication::primaryScreen()
+            ->grabWindow(m_host->window()->winId())
+            .copy(QRect(view->mapTo(m_host->window(), QPoint()), view->size()))
+            .toImage();
+    };
+    const QImage before = frame();
+    // The ornament goes from gold to pure blue; the host is not told.
+    auto* gold = static_cast<SoNode*>(m_host->model()->container(m_host->model()->nodeIndex({4, 1})));
+    QVERIFY(gold);
+    gold->getField("diffuseColor")->set("0 0 1");
+    gold->getField("specularColor")->set("0 0 1");
+    const QImage after = frame();
+    int changed = 0;
+    for (int y = 0; y < before.height(); y += 2) {
+        for (int x = 0; x < before.width(); x += 2) {
+            if (before.pixel(x, y) != after.pixel(x, y))
+                ++changed;
+        }
+    }
+    QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 }
 
 QTEST_MAIN(tst_HostWindow)

@@ -10,7 +10,7 @@
 #include <QTextStream>
 #include <QTimer>
 
-#include <algorithm>
+#include <iterator>
 
 namespace {
 

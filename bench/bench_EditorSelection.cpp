@@ -3,6 +3,7 @@
 // step of the float editor from position to refreshed editor.
 #include "BareDockSwap.h"
 #include "EventLoopPass.h"
+#include "PluginWindow.h"
 #include <KalPluginsManager.h>
 #include <KalServices.h>
 #include <KalShell.h>
@@ -25,21 +26,16 @@ namespace {
 struct Scene
 {
     Scene()
+        : dock(loadPluginIntoShownWindow())
     {
-        KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
         first = new SoComplexity;
         first->ref();
         second = new SoComplexity;
         second->ref();
-        window = KalShell::getInstance()->getMainWindow();
-        window->resize(900, 600);
-        window->show();
-        dock = window->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
     }
+    QDockWidget* dock = nullptr;
     SoComplexity* first = nullptr;
     SoComplexity* second = nullptr;
-    QMainWindow* window = nullptr;
-    QDockWidget* dock = nullptr;
 };
 
 Scene& scene()

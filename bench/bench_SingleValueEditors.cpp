@@ -4,6 +4,7 @@
 #include "AllFieldsNode.h"
 #include "BareDockSwap.h"
 #include "EventLoopPass.h"
+#include "PluginWindow.h"
 
 #include <KalPluginsManager.h>
 #include <KalServices.h>
@@ -51,21 +52,16 @@ const std::pair<const char*, const char*> kFields[] = {
 struct Scene
 {
     Scene()
+        : dock(loadPluginIntoShownWindow())
     {
         AllFieldsNode::initClass();
-        KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
         for (AllFieldsNode*& node : nodes) {
             node = new AllFieldsNode;
             node->ref();
         }
-        window = KalShell::getInstance()->getMainWindow();
-        window->resize(900, 600);
-        window->show();
-        dock = window->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
     }
-    AllFieldsNode* nodes[2] = {nullptr, nullptr};
-    QMainWindow* window = nullptr;
     QDockWidget* dock = nullptr;
+    AllFieldsNode* nodes[2] = {nullptr, nullptr};
 };
 
 Scene& scene()

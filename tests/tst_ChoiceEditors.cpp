@@ -1,6 +1,7 @@
 // The Boolean, enumeration, bit mask, colour and image editors through the
 // real plug-in module, and the colour dialog through the dialog seam.
 #include "AllFieldsNode.h"
+#include "FieldTesting.h"
 
 #include <FxSFColorWidget.h>
 #include <KalPluginsManager.h>
@@ -25,11 +26,6 @@
 #include <vector>
 
 namespace {
-
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
 
 // An image of w x h pixels with nc components; pixel (x, y) of stored row y
 // gets the bytes (x, y, 7, 255) as far as it has components.

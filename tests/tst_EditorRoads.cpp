@@ -4,6 +4,7 @@
 // widget, then follow the value through the host's history and back into the
 // widget once the sensor queue has run.
 #include "AllFieldsNode.h"
+#include "FieldTesting.h"
 
 #include <KalPluginsManager.h>
 #include <KalSFSetValueCommand.h>
@@ -29,18 +30,11 @@
 
 namespace {
 
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
-
 // Coin breaks long values over lines and pads some columns; the road
 // compares values, not layout.
 QString textOf(SoField* field)
 {
-    SbString text;
-    field->get(text);
-    return QString::fromUtf8(text.getString()).simplified();
+    return fieldText(field).simplified();
 }
 
 // Children of the shown editor's frame with one object name, left to right

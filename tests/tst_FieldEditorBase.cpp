@@ -1,6 +1,7 @@
 // The field editor base and the single-value base, on an editor made
 // directly rather than through the host: activation without a field, the
 // sensor's life, the label, and an editor with no field.
+#include "FieldTesting.h"
 #include <FxSFFloatWidget.h>
 #include <KalServices.h>
 #include <SoKalExtensions.h>
@@ -16,15 +17,6 @@
 #include <QtTest>
 
 #include <memory>
-
-namespace {
-
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
-
-} // namespace
 
 class tst_FieldEditorBase : public QObject
 {

@@ -1,5 +1,6 @@
 // The float editor in use: selected through the host, edited through its
 // real widgets, its changes going through the host's undo history.
+#include "FieldTesting.h"
 #include <FxRealSlider.h>
 #include <KalFieldIgnoredCommand.h>
 #include <KalFieldSetDefaultCommand.h>
@@ -36,11 +37,6 @@ namespace {
 
 using SliderDrag::handleCentre;
 using SliderDrag::moveHeld;
-
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
 
 // The plug-in module carries its own copy of its classes' meta-objects, so a
 // qobject_cast from this test cannot recognise its widgets; the class name

@@ -1,6 +1,7 @@
 // The host application's window with the real plug-in: selecting every field
 // of the sample scene through the tree, editing, saving and reopening, bad
 // files, and what happens to the history when the scene is replaced.
+#include "FieldTesting.h"
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalPluginsManager.h>
@@ -59,19 +60,12 @@ QString expectedEditor(SoField* field)
     return QStringLiteral("FxSFLineWidget");
 }
 
-QString textOf(SoField* field)
-{
-    SbString text;
-    field->get(text);
-    return QString::fromUtf8(text.getString());
-}
-
 // Coin reads doubles back one unit in the last place off now and then
 // (0.7500000000000001 comes back as ...02); doubles are compared to 15
 // digits, everything else as written.
 QString comparable(SoField* field)
 {
-    const QString text = textOf(field);
+    const QString text = fieldText(field);
     const QByteArray type(field->getTypeId().getName().getString());
     if (type != "SFDouble" && type != "MFDouble")
         return text;

@@ -2,6 +2,7 @@
 // host: the dock's choice for each field type, editing through the real
 // widgets, the host's history, and what the widgets show afterwards.
 #include "AllFieldsNode.h"
+#include "FieldTesting.h"
 
 #include <FxSFFilePathStringWidget.h>
 #include <FxSFLineWidget.h>
@@ -23,22 +24,6 @@
 #include <QPushButton>
 #include <QSlider>
 #include <QtTest>
-
-namespace {
-
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
-
-QString textOf(SoField* field)
-{
-    SbString text;
-    field->get(text);
-    return QString::fromUtf8(text.getString());
-}
-
-} // namespace
 
 class tst_SingleValueEditors : public QObject
 {
@@ -229,7 +214,7 @@ void tst_SingleValueEditors::editRoundTrip()
     KalServices* services = KalServices::getInstance();
     SoField* target = m_node->getField(SbName(field.constData()));
     QVERIFY(target);
-    const QString before = textOf(target);
+    const QString before = fieldText(target);
 
     select(target);
     QVERIFY(dock() && !dock()->isHidden());
@@ -241,22 +226,22 @@ void tst_SingleValueEditors::editRoundTrip()
     QCOMPARE(edit->text(), shownBefore);
 
     type(edit, typed);
-    QCOMPARE(textOf(target), stored);
+    QCOMPARE(fieldText(target), stored);
     QCOMPARE(services->commandCount(), 1);
     QVERIFY(dynamic_cast<KalSFSetValueCommand*>(services->command(0)));
     processSensors();
     QCOMPARE(edit->text(), shownAfter);
 
     QVERIFY(services->undo());
-    QCOMPARE(textOf(target), afterUndo);
+    QCOMPARE(fieldText(target), afterUndo);
     processSensors();
     QVERIFY(services->redo());
-    QCOMPARE(textOf(target), stored);
+    QCOMPARE(fieldText(target), stored);
     processSensors();
     QCOMPARE(edit->text(), shownAfter);
     QVERIFY(services->undo());
     if (afterUndo != stored)
-        QCOMPARE(textOf(target), before);
+        QCOMPARE(fieldText(target), before);
 }
 
 void tst_SingleValueEditors::genericEditorWritesOnEveryKeystroke()
@@ -401,12 +386,12 @@ void tst_SingleValueEditors::badTextNeverCorruptsTheField()
     processSensors();
     // Whatever was written, the field still holds a value it can write out
     // and read back.
-    const QString stored = textOf(target);
+    const QString stored = fieldText(target);
     QVERIFY(!stored.isEmpty());
     QVERIFY(target->set(stored.toUtf8().constData()));
     while (KalServices::getInstance()->undo()) {
     }
-    QVERIFY(!textOf(target).isEmpty());
+    QVERIFY(!fieldText(target).isEmpty());
 }
 
 void tst_SingleValueEditors::setToDefaultAndIgnoreOnEachFamily_data()
@@ -429,12 +414,12 @@ void tst_SingleValueEditors::setToDefaultAndIgnoreOnEachFamily()
     SoField* target = m_node->getField(SbName(field.constData()));
     auto* fresh = new AllFieldsNode;
     fresh->ref();
-    const QString defaultText = textOf(fresh->getField(SbName(field.constData())));
+    const QString defaultText = fieldText(fresh->getField(SbName(field.constData())));
     fresh->unref();
     target->set(changed.toUtf8().constData());
     select(target);
     QTest::mouseClick(child<QPushButton>(QStringLiteral("m_defaultButton")), Qt::LeftButton);
-    QCOMPARE(textOf(target), defaultText);
+    QCOMPARE(fieldText(target), defaultText);
     QCOMPARE(KalServices::getInstance()->commandCount(), 1);
     QTest::mouseClick(child<QPushButton>(QStringLiteral("m_ignoreButton")), Qt::LeftButton);
     QVERIFY(target->isIgnored());

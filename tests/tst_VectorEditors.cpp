@@ -1,6 +1,7 @@
 // The vector, plane and rotation editors through the real plug-in module:
 // spin boxes and component line edits, when they apply, and what they show.
 #include "AllFieldsNode.h"
+#include "FieldTesting.h"
 
 #include <KalPluginsManager.h>
 #include <KalSFSetValueCommand.h>
@@ -17,15 +18,6 @@
 #include <QMainWindow>
 #include <QSpinBox>
 #include <QtTest>
-
-namespace {
-
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-}
-
-} // namespace
 
 class tst_VectorEditors : public QObject
 {

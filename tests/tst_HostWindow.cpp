@@ -19,6 +19,7 @@
 #include <Inventor/fields/SoField.h>
 #include <Inventor/fields/SoMField.h>
 #include <Inventor/fields/SoSFFloat.h>
+#include <Inventor/lists/SoFieldList.h>
 #include <Inventor/nodes/SoNode.h>
 #include <Inventor/sensors/SoSensorManager.h>
 
@@ -131,6 +132,8 @@ private slots:
     void profilesMenuSwitchesTheProfile();
     void recentFilesReopen();
     void viewRedrawsWhenAFieldChanges();
+    void sensorsRunFromTheEventLoop();
+    void samplerHasEveryEditedType();
 
 private:
     void clickRow(const QModelIndex& index);
@@ -472,6 +475,52 @@ void tst_HostWindow::viewRedrawsWhenAFieldChanges()
         }
     }
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
+}
+
+void tst_HostWindow::sensorsRunFromTheEventLoop()
+{
+    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
+    auto* edit = fieldDock()->findChild<QLineEdit*>(QStringLiteral("m_lineEdit"));
+    QVERIFY(edit);
+    auto* sampler =
+        static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})));
+    sampler->opacity.setValue(0.375f);
+    // No explicit queue processing here: the host's event loop runs Coin's
+    // sensors, and the editor and the tree follow.
+    QTRY_COMPARE(edit->text(), QStringLiteral("0.375000"));
+    const QModelIndex row = m_host->tree()->currentIndex().siblingAtColumn(SceneModel::ValueColumn);
+    QTRY_COMPARE(m_host->model()->data(row).toString(), QStringLiteral("0.375"));
+}
+
+void tst_HostWindow::samplerHasEveryEditedType()
+{
+    // Every type the plug-in's editors name, single and multiple, once each;
+    // SFTime and MFName stand for the types only the generic editors show.
+    QStringList expected;
+    for (const char* own : kOwnEditors)
+        expected << QLatin1String(own);
+    for (const char* type : {"MFColor", "MFDouble", "MFFloat", "MFInt32", "MFMatrix", "MFPlane", "MFRotation",
+                             "MFShort", "MFString", "MFUInt32", "MFUShort", "MFVec2f", "MFVec2i32", "MFVec2s",
+                             "MFVec3f", "MFVec4f", "SFTime", "MFName"})
+        expected << QLatin1String(type);
+    QCOMPARE(expected.size(), 41);
+    auto* sampler = new KalFieldSampler;
+    sampler->ref();
+    SoFieldList fields;
+    sampler->getFields(fields);
+    QStringList types;
+    for (int i = 0; i < fields.getLength(); ++i) {
+        SoField* field = fields[i];
+        types << QString::fromLatin1(field->getTypeId().getName().getString());
+        // A fresh instance holds the telling values as its defaults.
+        QVERIFY(field->isDefault());
+    }
+    std::sort(expected.begin(), expected.end());
+    std::sort(types.begin(), types.end());
+    QCOMPARE(types, expected);
+    QCOMPARE(sampler->tint.getValue(), SbColor(0.9f, 0.55f, 0.2f));
+    QCOMPARE(sampler->palette.getNum(), 3);
+    sampler->unref();
 }
 
 QTEST_MAIN(tst_HostWindow)

@@ -1,6 +1,7 @@
 #include "KalFieldSampler.h"
 
 #include <Inventor/SbMatrix.h>
+#include <Inventor/lists/SoFieldList.h>
 
 SO_NODE_SOURCE(KalFieldSampler)
 
@@ -119,6 +120,14 @@ KalFieldSampler::KalFieldSampler()
     SO_NODE_DEFINE_ENUM_VALUE(Faces, EDGES);
     SO_NODE_DEFINE_ENUM_VALUE(Faces, ALL);
     SO_NODE_SET_SF_ENUM_TYPE(faces, Faces);
+
+    // The lists got their further values after SO_NODE_ADD_FIELD, which
+    // clears the default flag; all of these are the node's defaults, so a
+    // scene file names only what was changed.
+    SoFieldList fields;
+    getFields(fields);
+    for (int i = 0; i < fields.getLength(); ++i)
+        fields[i]->setDefault(TRUE);
 }
 
 KalFieldSampler::~KalFieldSampler() = default;

@@ -1,6 +1,7 @@
 #include "ComponentColumn.h"
 
 #include "LayoutMetrics.h"
+#include "PanelCacheStyle.h"
 
 #include <QDoubleValidator>
 #include <QHBoxLayout>
@@ -37,6 +38,7 @@ QLabel* ComponentColumn::add(QWidget* frame, QHBoxLayout* row, const ComponentCo
 QLineEdit* ComponentColumn::floatLineEdit(QWidget* frame, const ComponentColumnStyle& style)
 {
     auto* edit = new QLineEdit(frame);
+    PanelCacheStyle::use(edit);
     edit->setObjectName(QLatin1String(style.inputName));
     edit->setValidator(new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, edit));
     if (style.alignLeft)

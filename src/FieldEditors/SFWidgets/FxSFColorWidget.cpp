@@ -3,6 +3,7 @@
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
 #include "ModalDialogs.h"
+#include "PanelCacheStyle.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
@@ -67,6 +68,7 @@ void FxSFColorWidget::createWidget()
         labels[i]->setFixedHeight(metric("SFComponentHeight"));
         labels[i]->setText(tr(texts[i]));
         lineEdits[i] = new QLineEdit(frame);
+        PanelCacheStyle::use(lineEdits[i]);
         lineEdits[i]->setObjectName(QStringLiteral("SFColorLine"));
         lineEdits[i]->setFixedHeight(metric("SFComponentHeight"));
         row->addWidget(labels[i]);

@@ -1,6 +1,7 @@
 #include "FxSFLineWidget.h"
 
 #include "KalSFSetValueCommand.h"
+#include "PanelCacheStyle.h"
 
 #include <KalServices.h>
 
@@ -25,6 +26,7 @@ void FxSFLineWidget::createWidget()
     if (lineEdit)
         return;
     lineEdit = new QLineEdit(frame);
+    PanelCacheStyle::use(lineEdit);
     lineEdit->setObjectName(QStringLiteral("lineEdit"));
     lineEdit->setAlignment(Qt::AlignLeft);
     editLayout->addWidget(lineEdit, 1);

@@ -2,6 +2,7 @@
 
 #include "FieldRangeMap.h"
 #include "KalFieldEditors.h"
+#include "PanelCacheStyle.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -27,11 +28,13 @@ FxSlider::FxSlider(int inTable, KalFieldEditors* editor, QWidget* parent, int ro
     layout->setObjectName(QStringLiteral("kalibraslider"));
 
     lineEdit = new QLineEdit(this);
+    PanelCacheStyle::use(lineEdit);
     lineEdit->setObjectName(QStringLiteral("m_lineEdit"));
     slider = new QSlider(Qt::Horizontal, this);
     slider->setObjectName(QStringLiteral("m_slider"));
     slider->setTracking(true);
     checkBox = new QCheckBox(this);
+    PanelCacheStyle::use(checkBox);
     checkBox->setObjectName(QStringLiteral("m_checkBox"));
     checkBox->setToolTip(tr("Write the value while dragging"));
     layout->addWidget(checkBox, 0);

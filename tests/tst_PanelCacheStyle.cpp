@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPainter>
+#include <QSpinBox>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QtTest>
@@ -38,6 +39,8 @@ private slots:
     void eachLookIsDrawnOnce();
     void fractionalPlacesAreDrawnLive();
     void widgetsFallBackWhenTheScopeEnds();
+    void aSecondScopeLeavesTheFirstOne();
+    void spinBoxesKeepTheirLineEdits();
     void onlyStillStylesAreWrapped();
     void styleSheetsAreLeftAlone();
     void editorsDrawThroughIt();
@@ -283,6 +286,31 @@ void tst_PanelCacheStyle::widgetsFallBackWhenTheScopeEnds()
     PanelCacheStyle::use(&later);
     QCOMPARE(later.style(), QApplication::style());
     PanelCacheStyle::use(nullptr);
+}
+
+void tst_PanelCacheStyle::aSecondScopeLeavesTheFirstOne()
+{
+    PanelCacheStyle::Scope first;
+    PanelCacheStyle* style = PanelCacheStyle::shared();
+    QVERIFY(style);
+    QLineEdit edit;
+    PanelCacheStyle::use(&edit);
+    {
+        PanelCacheStyle::Scope second;
+        QCOMPARE(PanelCacheStyle::shared(), style);
+    }
+    QCOMPARE(PanelCacheStyle::shared(), style);
+    QCOMPARE(edit.style(), style);
+}
+
+void tst_PanelCacheStyle::spinBoxesKeepTheirLineEdits()
+{
+    PanelCacheStyle::Scope scope;
+    QSpinBox spin;
+    auto* inner = spin.findChild<QLineEdit*>();
+    QVERIFY(inner);
+    PanelCacheStyle::use(inner);
+    QCOMPARE(inner->style(), QApplication::style());
 }
 
 void tst_PanelCacheStyle::onlyStillStylesAreWrapped()

@@ -1,5 +1,6 @@
 #include "PanelCacheStyle.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QHashFunctions>
 #include <QImage>
@@ -44,12 +45,16 @@ PanelCacheStyle::Scope::Scope()
     const QString key = QApplication::style()->objectName();
     if (!isStill(key))
         return;
-    if (QStyle* base = QStyleFactory::create(key))
+    if (QStyle* base = QStyleFactory::create(key)) {
         s_shared = new PanelCacheStyle(base);
+        m_owner = true;
+    }
 }
 
 PanelCacheStyle::Scope::~Scope()
 {
+    if (!m_owner)
+        return;
     delete s_shared;
     s_shared = nullptr;
 }
@@ -68,8 +73,13 @@ PanelCacheStyle* PanelCacheStyle::shared()
 
 void PanelCacheStyle::use(QWidget* widget)
 {
-    if (widget && s_shared && widget->styleSheet().isEmpty())
-        widget->setStyle(s_shared);
+    if (!widget || !s_shared || !widget->styleSheet().isEmpty())
+        return;
+    // A spin box draws its line edit's frame itself, and styles ask for the
+    // parent to know: that frame is not the same look as a free one.
+    if (qobject_cast<const QAbstractSpinBox*>(widget->parentWidget()))
+        return;
+    widget->setStyle(s_shared);
 }
 
 int PanelCacheStyle::cachedLooks() const

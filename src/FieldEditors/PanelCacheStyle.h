@@ -19,14 +19,16 @@ class PanelCacheStyle : public QProxyStyle
     Q_OBJECT
 
 public:
-    // Lends the shared style to a widget while a Scope lives; otherwise, or
-    // when the application's style cannot be copied (a style sheet, a style
-    // that no style plug-in makes), the widget keeps the application's.
+    // Lends the shared style to a line edit or check box while a Scope lives;
+    // otherwise, or when the application's style cannot be copied (a style
+    // sheet, a style that no style plug-in makes), or for a spin box's own
+    // line edit, the widget keeps the application's.
     static void use(QWidget* widget);
 
-    // The shared style lives as long as its Scope. When the Scope ends,
-    // widgets still using the style fall back to the application's, so a
-    // plug-in that is unloaded leaves no style of its code behind.
+    // The shared style lives as long as the Scope that made it; a Scope
+    // made while another lives changes nothing. When the Scope ends, widgets
+    // still using the style fall back to the application's, so a plug-in
+    // that is unloaded leaves no style of its code behind.
     class Scope
     {
     public:
@@ -34,6 +36,9 @@ public:
         ~Scope();
         Scope(const Scope&) = delete;
         Scope& operator=(const Scope&) = delete;
+
+    private:
+        bool m_owner = false;
     };
 
     // The shared style while a Scope lives, else null.

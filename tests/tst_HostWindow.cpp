@@ -127,6 +127,7 @@ private slots:
     void badFilesKeepTheSceneOpen();
     void replacingTheSceneEmptiesTheHistory();
     void unsavedChangesAreAskedAbout();
+    void fileMenuAsksForItsFiles();
     void screenshotIsWritten();
     void profileFromAFileLimitsTheEditors();
     void profilesMenuSwitchesTheProfile();
@@ -365,6 +366,71 @@ void tst_HostWindow::unsavedChangesAreAskedAbout()
     answer = true;
     QVERIFY(m_host->window()->close());
     QCOMPARE(asked, 2);
+}
+
+void tst_HostWindow::fileMenuAsksForItsFiles()
+{
+    using Question = KalHostWindow::FileQuestion;
+    QList<QPair<Question, QString>> asked;
+    QString answer;
+    m_host->setFileQuestion([&](Question question, const QString& startPath) {
+        asked.append({question, startPath});
+        return answer;
+    });
+    bool mayDiscard = false;
+    m_host->setDiscardQuestion([&] { return mayDiscard; });
+    auto trigger = [this](const char* name) {
+        m_host->window()->findChild<QAction*>(QLatin1String(name))->trigger();
+    };
+
+    // The sample has no file yet: Save asks where; no answer writes nothing.
+    trigger("SaveAction");
+    QCOMPARE(asked.size(), 1);
+    QCOMPARE(asked.last().first, Question::SaveAs);
+    QCOMPARE(asked.last().second, QString());
+    const QString saved = m_dir.filePath(QStringLiteral("asked.iv"));
+    QVERIFY(!QFile::exists(saved));
+
+    answer = saved;
+    trigger("SaveAsAction");
+    QCOMPARE(asked.size(), 2);
+    QVERIFY(QFile::exists(saved));
+    QVERIFY(m_host->window()->windowTitle().startsWith(QStringLiteral("asked.iv \u2014")));
+
+    // A known file is saved without asking.
+    static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})))
+        ->opacity.setValue(0.375f);
+    QVERIFY(m_host->isModified());
+    trigger("SaveAction");
+    QCOMPARE(asked.size(), 2);
+    QVERIFY(!m_host->isModified());
+    QFile written(saved);
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QVERIFY(written.readAll().contains("opacity 0.375"));
+
+    // Open asks for the file only once the changes may go, starting where
+    // the scene is.
+    const QString other = m_dir.filePath(QStringLiteral("asked-other.iv"));
+    writeFile(other, "#Inventor V2.1 ascii\nDEF Asked Material { diffuseColor 0 1 0 }\n");
+    static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})))
+        ->opacity.setValue(0.5f);
+    answer = other;
+    trigger("OpenAction");
+    QCOMPARE(asked.size(), 2);
+    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
+    mayDiscard = true;
+    trigger("OpenAction");
+    QCOMPARE(asked.size(), 3);
+    QCOMPARE(asked.last().first, Question::Open);
+    QCOMPARE(asked.last().second, saved);
+    QVERIFY(m_host->select(QStringLiteral("Asked.diffuseColor")));
+    QVERIFY(!m_host->select(QStringLiteral("Sampler.opacity")));
+
+    // Cancelling the question keeps the scene.
+    answer.clear();
+    trigger("OpenAction");
+    QCOMPARE(asked.size(), 4);
+    QVERIFY(m_host->select(QStringLiteral("Asked.diffuseColor")));
 }
 
 void tst_HostWindow::screenshotIsWritten()

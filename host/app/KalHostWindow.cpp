@@ -136,6 +136,11 @@ void KalHostWindow::setDiscardQuestion(std::function<bool()> question)
     m_discardQuestion = std::move(question);
 }
 
+void KalHostWindow::setFileQuestion(std::function<QString(FileQuestion, const QString&)> question)
+{
+    m_fileQuestion = std::move(question);
+}
+
 void KalHostWindow::buildCentre()
 {
     m_centre = new QWidget;
@@ -372,7 +377,7 @@ bool KalHostWindow::save()
 
 bool KalHostWindow::saveAs()
 {
-    const QString path = QFileDialog::getSaveFileName(m_window, tr("Save Scene"), m_path, sceneFilter());
+    const QString path = askForFile(FileQuestion::SaveAs);
     return !path.isEmpty() && saveScene(path);
 }
 
@@ -380,9 +385,18 @@ void KalHostWindow::open()
 {
     if (!mayDiscard())
         return;
-    const QString path = QFileDialog::getOpenFileName(m_window, tr("Open Scene"), m_path, sceneFilter());
+    const QString path = askForFile(FileQuestion::Open);
     if (!path.isEmpty())
         openScene(path);
+}
+
+QString KalHostWindow::askForFile(FileQuestion question)
+{
+    if (m_fileQuestion)
+        return m_fileQuestion(question, m_path);
+    if (question == FileQuestion::Open)
+        return QFileDialog::getOpenFileName(m_window, tr("Open Scene"), m_path, sceneFilter());
+    return QFileDialog::getSaveFileName(m_window, tr("Save Scene"), m_path, sceneFilter());
 }
 
 bool KalHostWindow::mayDiscard()

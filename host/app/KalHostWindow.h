@@ -69,6 +69,15 @@ public:
     // asks the person in a message box.
     void setDiscardQuestion(std::function<bool()> question);
 
+    // Asked for the file to open or to save the scene as; an empty answer
+    // cancels. The default asks the person in a file dialog.
+    enum class FileQuestion
+    {
+        Open,
+        SaveAs
+    };
+    void setFileQuestion(std::function<QString(FileQuestion question, const QString& startPath)> question);
+
 signals:
     void sceneReplaced();
 
@@ -91,6 +100,7 @@ private:
     void buildCentre();
     void setScene(SoSeparator* root, const QString& path);
     bool mayDiscard();
+    QString askForFile(FileQuestion question);
     void fail(const QString& message);
     void addRecent(const QString& path);
     void refreshRecentMenu();
@@ -115,4 +125,5 @@ private:
     SoFieldContainer* m_selectedNode = nullptr;
     SoField* m_selectedField = nullptr;
     std::function<bool()> m_discardQuestion;
+    std::function<QString(FileQuestion, const QString&)> m_fileQuestion;
 };

@@ -1,10 +1,34 @@
-// kalhost as a person starts it: command-line options, exit codes and the
-// messages bad input gives, on the offscreen platform.
+// kalhost as a person starts it: command-line options, exit codes, the
+// messages bad input gives and the demo tour; on the offscreen platform, or
+// on the one KAL_KALHOST_PLATFORM names (a real X server, with the 3D view).
+#include <QDir>
+#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
+
+QString platform()
+{
+    return qEnvironmentVariable("KAL_KALHOST_PLATFORM", QStringLiteral("offscreen"));
+}
+
+// Pixels of the 3D view's background colour in a screenshot.
+int viewBackgroundPixels(const QImage& image)
+{
+    const QRgb background = qRgb(41, 46, 56);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            if (qAbs(qRed(pixel) - qRed(background)) <= 1 && qAbs(qGreen(pixel) - qGreen(background)) <= 1 &&
+                qAbs(qBlue(pixel) - qBlue(background)) <= 1)
+                ++count;
+        }
+    }
+    return count;
+}
 
 struct Run
 {
@@ -17,7 +41,7 @@ Run kalhost(const QStringList& arguments)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform());
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(KALHOST_PATH), arguments);
     Run run;
@@ -40,6 +64,7 @@ class tst_KalHostProcess : public QObject
 private slots:
     void versionAndHelp();
     void screenshotOfTheSampleThenQuit();
+    void demoTourTakesItsScreenshots();
     void listsTheExtensions();
     void missingSceneFallsBackToTheSample();
     void missingPluginLeavesAUsableHost();
@@ -68,7 +93,35 @@ void tst_KalHostProcess::screenshotOfTheSampleThenQuit()
     const Run run = kalhost({QStringLiteral("--select"), QStringLiteral("Sampler.tint"),
                              QStringLiteral("--screenshot"), shot, QStringLiteral("--quit")});
     QCOMPARE(run.code, 0);
-    QVERIFY2(QImage(shot).width() > 600, qPrintable(run.err));
+    const QImage image(shot);
+    QVERIFY2(image.width() > 600, qPrintable(run.err));
+    // With a display the scene is drawn; offscreen there is no 3D view.
+    if (platform() == QLatin1String("xcb"))
+        QVERIFY(viewBackgroundPixels(image) > 10000);
+    else
+        QCOMPARE(viewBackgroundPixels(image), 0);
+}
+
+void tst_KalHostProcess::demoTourTakesItsScreenshots()
+{
+    const QString directory = m_dir.filePath(QStringLiteral("tour"));
+    const Run run = kalhost({QStringLiteral("--tour"), directory});
+    QVERIFY2(run.code == 0, qPrintable(run.out + run.err));
+    QVERIFY2(!run.out.contains(QLatin1String("FAILED")), qPrintable(run.out));
+    const char* const shots[] = {"01-float.png",  "02-enum.png",        "03-rotation.png", "04-bitmask.png",
+                                 "05-colour.png", "06-float-again.png", "07-edited.png",   "08-undone.png"};
+    for (const char* shot : shots) {
+        const QString path = QDir(directory).filePath(QLatin1String(shot));
+        QVERIFY2(run.out.contains(path), shot);
+        QVERIFY2(QImage(path).width() > 600, shot);
+    }
+    // The edit and its undo are in the host's history, as its menu says.
+    QVERIFY2(run.out.contains(QStringLiteral("Edit > Undo Set Quality.value")), qPrintable(run.out));
+    // The edited screenshot differs from the one before the edit, and the
+    // undone one shows the editor as before.
+    const QImage before(QDir(directory).filePath(QStringLiteral("06-float-again.png")));
+    const QImage edited(QDir(directory).filePath(QStringLiteral("07-edited.png")));
+    QVERIFY(before != edited);
 }
 
 void tst_KalHostProcess::listsTheExtensions()

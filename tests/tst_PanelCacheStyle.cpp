@@ -22,6 +22,7 @@
 #include <QStyleOption>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 class tst_PanelCacheStyle : public QObject
@@ -37,7 +38,7 @@ private slots:
     void widgetsMatchTheApplicationStyle_data();
     void widgetsMatchTheApplicationStyle();
     void eachLookIsDrawnOnce();
-    void fractionalPlacesAreDrawnLive();
+    void unusualPaintersDrawLive();
     void widgetsFallBackWhenTheScopeEnds();
     void aSecondScopeLeavesTheFirstOne();
     void spinBoxesKeepTheirLineEdits();
@@ -256,7 +257,7 @@ void tst_PanelCacheStyle::eachLookIsDrawnOnce()
     QCOMPARE(PanelCacheStyle::shared()->cachedLooks(), 3);
 }
 
-void tst_PanelCacheStyle::fractionalPlacesAreDrawnLive()
+void tst_PanelCacheStyle::unusualPaintersDrawLive()
 {
     PanelCacheStyle::Scope scope;
     QStyleOptionFrame frame;
@@ -268,6 +269,21 @@ void tst_PanelCacheStyle::fractionalPlacesAreDrawnLive()
     QCOMPARE(paint(PanelCacheStyle::shared(), QStyle::PE_PanelLineEdit, frame, QPointF(2.5, 1.5)),
              paint(QApplication::style(), QStyle::PE_PanelLineEdit, frame, QPointF(2.5, 1.5)));
     QCOMPARE(PanelCacheStyle::shared()->cachedLooks(), 0);
+    // So do overlapping strokes under opacity, and a scaled painter.
+    auto drawn = [&frame](QStyle* style, const std::function<void(QPainter&)>& set) {
+        QImage image(80, 40, QImage::Format_ARGB32_Premultiplied);
+        image.fill(QColor(200, 120, 40));
+        QPainter painter(&image);
+        set(painter);
+        style->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter);
+        return image;
+    };
+    const std::function<void(QPainter&)> settings[] = {[](QPainter& p) { p.setOpacity(0.5); },
+                                                       [](QPainter& p) { p.scale(1.5, 1.5); }};
+    for (const auto& set : settings) {
+        QCOMPARE(drawn(PanelCacheStyle::shared(), set), drawn(QApplication::style(), set));
+        QCOMPARE(PanelCacheStyle::shared()->cachedLooks(), 0);
+    }
 }
 
 void tst_PanelCacheStyle::widgetsFallBackWhenTheScopeEnds()

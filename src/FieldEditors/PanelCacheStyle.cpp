@@ -113,12 +113,13 @@ bool PanelCacheStyle::drawsCached(PrimitiveElement element, const QStyleOption* 
     if (!option || !painter || !painter->device() || option->rect.isEmpty())
         return false;
     // A blit equals a drawing only where pixels land on the same places and
-    // blend the same way: whole-pixel translations, plain blending.
+    // blend the same way: whole-pixel translations, plain opaque blending
+    // (under opacity, overlapping strokes would blend once instead of twice).
     const QTransform& transform = painter->deviceTransform();
     if (transform.type() > QTransform::TxTranslate || transform.dx() != std::floor(transform.dx()) ||
         transform.dy() != std::floor(transform.dy()))
         return false;
-    return painter->compositionMode() == QPainter::CompositionMode_SourceOver;
+    return painter->compositionMode() == QPainter::CompositionMode_SourceOver && painter->opacity() == 1.0;
 }
 
 void PanelCacheStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -139,6 +139,10 @@ private slots:
 private:
     void clickRow(const QModelIndex& index);
     QDockWidget* fieldDock() const;
+    // The sample scene's node with a field of every edited type.
+    KalFieldSampler* sampler() const;
+    // Selects a float field and types a value into its editor, Return.
+    void typeIntoFloatEditor(const QString& path, const QString& text);
 
     std::unique_ptr<KalHostWindow> m_host;
     QTemporaryDir m_dir;
@@ -236,6 +240,22 @@ void tst_HostWindow::selectingANodeClearsTheField()
     QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(), static_cast<SoFieldContainer*>(nullptr));
 }
 
+KalFieldSampler* tst_HostWindow::sampler() const
+{
+    return static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})));
+}
+
+void tst_HostWindow::typeIntoFloatEditor(const QString& path, const QString& text)
+{
+    QVERIFY(m_host->select(path));
+    auto* edit = fieldDock()->findChild<QLineEdit*>(QStringLiteral("m_lineEdit"));
+    QVERIFY(edit);
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QTest::keyClick(edit, Qt::Key_Return);
+}
+
 void tst_HostWindow::editSaveReopen()
 {
     const QString path = m_dir.filePath(QStringLiteral("edited.iv"));
@@ -244,13 +264,9 @@ void tst_HostWindow::editSaveReopen()
     QMap<QString, QString> before;
     collectValues(m_host->model(), QModelIndex(), QString(), &before);
 
-    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
-    auto* edit = fieldDock()->findChild<QLineEdit*>(QStringLiteral("m_lineEdit"));
-    QVERIFY(edit);
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("0.125"));
-    QTest::keyClick(edit, Qt::Key_Return);
+    typeIntoFloatEditor(QStringLiteral("Sampler.opacity"), QStringLiteral("0.125"));
+    if (QTest::currentTestFailed())
+        return;
     QVERIFY(m_host->isModified());
     QVERIFY(m_host->window()->windowTitle().contains(QLatin1Char('*')));
     QVERIFY(m_host->saveScene(path));
@@ -269,12 +285,9 @@ void tst_HostWindow::editSaveReopen()
 
 void tst_HostWindow::commandTextsSayWhatChanged()
 {
-    QVERIFY(m_host->select(QStringLiteral("Quality.value")));
-    auto* edit = fieldDock()->findChild<QLineEdit*>(QStringLiteral("m_lineEdit"));
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("0.25"));
-    QTest::keyClick(edit, Qt::Key_Return);
+    typeIntoFloatEditor(QStringLiteral("Quality.value"), QStringLiteral("0.25"));
+    if (QTest::currentTestFailed())
+        return;
     QUndoStack* stack = KalServices::getInstance()->undoStack();
     QCOMPARE(stack->count(), 1);
     QCOMPARE(stack->text(0), QStringLiteral("Set Quality.value: 0.60000002 \u2192 0.25"));
@@ -325,12 +338,9 @@ void tst_HostWindow::badFilesKeepTheSceneOpen()
 
 void tst_HostWindow::replacingTheSceneEmptiesTheHistory()
 {
-    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
-    auto* edit = fieldDock()->findChild<QLineEdit*>(QStringLiteral("m_lineEdit"));
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("0.5"));
-    QTest::keyClick(edit, Qt::Key_Return);
+    typeIntoFloatEditor(QStringLiteral("Sampler.opacity"), QStringLiteral("0.5"));
+    if (QTest::currentTestFailed())
+        return;
     QCOMPARE(KalServices::getInstance()->commandCount(), 1);
     // The old scene is freed with its fields; its commands must not outlive it.
     const QString path = m_dir.filePath(QStringLiteral("other.iv"));
@@ -357,8 +367,7 @@ void tst_HostWindow::unsavedChangesAreAskedAbout()
     m_host->window()->close();
     QCOMPARE(asked, 0);
     m_host->window()->show();
-    static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})))
-        ->opacity.setValue(0.3f);
+    sampler()->opacity.setValue(0.3f);
     QVERIFY(m_host->isModified());
     QVERIFY(!m_host->window()->close());
     QCOMPARE(asked, 1);
@@ -398,8 +407,7 @@ void tst_HostWindow::fileMenuAsksForItsFiles()
     QVERIFY(m_host->window()->windowTitle().startsWith(QStringLiteral("asked.iv \u2014")));
 
     // A known file is saved without asking.
-    static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})))
-        ->opacity.setValue(0.375f);
+    sampler()->opacity.setValue(0.375f);
     QVERIFY(m_host->isModified());
     trigger("SaveAction");
     QCOMPARE(asked.size(), 2);
@@ -412,8 +420,7 @@ void tst_HostWindow::fileMenuAsksForItsFiles()
     // the scene is.
     const QString other = m_dir.filePath(QStringLiteral("asked-other.iv"));
     writeFile(other, "#Inventor V2.1 ascii\nDEF Asked Material { diffuseColor 0 1 0 }\n");
-    static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})))
-        ->opacity.setValue(0.5f);
+    sampler()->opacity.setValue(0.5f);
     answer = other;
     trigger("OpenAction");
     QCOMPARE(asked.size(), 2);
@@ -548,9 +555,7 @@ void tst_HostWindow::sensorsRunFromTheEventLoop()
     QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
     auto* edit = fieldDock()->findChild<QLineEdit*>(QStringLiteral("m_lineEdit"));
     QVERIFY(edit);
-    auto* sampler =
-        static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})));
-    sampler->opacity.setValue(0.375f);
+    sampler()->opacity.setValue(0.375f);
     // No explicit queue processing here: the host's event loop runs Coin's
     // sensors, and the editor and the tree follow.
     QTRY_COMPARE(edit->text(), QStringLiteral("0.375000"));

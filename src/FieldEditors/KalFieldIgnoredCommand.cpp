@@ -3,7 +3,7 @@
 #include <Inventor/fields/SoField.h>
 
 KalFieldIgnoredCommand::KalFieldIgnoredCommand(SoField* field, bool ignored)
-    : field(field)
+    : target(field)
     , ignored(ignored)
 {}
 
@@ -11,12 +11,14 @@ KalFieldIgnoredCommand::~KalFieldIgnoredCommand() = default;
 
 void KalFieldIgnoredCommand::execute()
 {
+    SoField* field = target.get();
     if (field)
         field->setIgnored(ignored);
 }
 
 void KalFieldIgnoredCommand::undo()
 {
+    SoField* field = target.get();
     if (field)
         field->setIgnored(!ignored);
 }

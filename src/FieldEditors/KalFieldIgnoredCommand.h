@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FieldLifeline.h"
+
 #include <KalCommand.h>
 
 class SoField;
@@ -17,6 +19,7 @@ public:
     void redo() override;
 
 private:
-    SoField* field;
+    // Null once the field is gone with its node.
+    FieldRef<SoField> target;
     bool ignored;
 };

@@ -4,7 +4,7 @@
 #include <Inventor/fields/SoMField.h>
 
 KalFieldSetDefaultCommand::KalFieldSetDefaultCommand(SoField* field, SoField* defaultField)
-    : field(field)
+    : target(field)
     , isMultiple(field && field->isOfType(SoMField::getClassTypeId()))
 {
     if (field)
@@ -17,6 +17,7 @@ KalFieldSetDefaultCommand::~KalFieldSetDefaultCommand() = default;
 
 void KalFieldSetDefaultCommand::execute()
 {
+    SoField* field = target.get();
     // Without a default field there is no text to write: every field's text
     // form, even an empty string's, has at least its quotes.
     if (field && defaultValue.getLength() > 0)
@@ -25,6 +26,7 @@ void KalFieldSetDefaultCommand::execute()
 
 void KalFieldSetDefaultCommand::undo()
 {
+    SoField* field = target.get();
     if (field)
         field->set(previousValue.getString());
 }

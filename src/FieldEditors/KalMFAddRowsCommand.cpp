@@ -9,7 +9,7 @@
 // Row commands keep indices as the table gave them, but a bad index or count
 // must never reach the field: out of range, the command does nothing.
 KalMFAddRowsCommand::KalMFAddRowsCommand(SoMField* field, int start, int count)
-    : field(field)
+    : target(field)
     , start(start)
     , count(std::max(count, 0))
 {}
@@ -18,6 +18,7 @@ KalMFAddRowsCommand::~KalMFAddRowsCommand() = default;
 
 void KalMFAddRowsCommand::execute()
 {
+    SoMField* field = target.get();
     if (!field || count == 0 || start < 0 || start > field->getNum())
         return;
     // One notification for the whole insertion, not one per value.
@@ -33,6 +34,7 @@ void KalMFAddRowsCommand::execute()
 
 void KalMFAddRowsCommand::undo()
 {
+    SoMField* field = target.get();
     if (!field || count == 0 || start < 0 || start + count > field->getNum())
         return;
     field->deleteValues(start, count);

@@ -7,7 +7,7 @@
 // A range reaching past the end is cut to the values that exist; a start
 // outside the field deletes nothing.
 KalMFDeleteRowsCommand::KalMFDeleteRowsCommand(SoMField* field, int start, int count)
-    : field(field)
+    : target(field)
     , start(start)
     , count(0)
 {
@@ -23,6 +23,7 @@ KalMFDeleteRowsCommand::~KalMFDeleteRowsCommand() = default;
 
 void KalMFDeleteRowsCommand::execute()
 {
+    SoMField* field = target.get();
     if (!field || count == 0 || start + count > field->getNum())
         return;
     field->deleteValues(start, count);
@@ -30,6 +31,7 @@ void KalMFDeleteRowsCommand::execute()
 
 void KalMFDeleteRowsCommand::undo()
 {
+    SoMField* field = target.get();
     if (!field || count == 0 || start > field->getNum())
         return;
     field->insertSpace(start, count);

@@ -10,7 +10,7 @@ bool holds(const SoMField* field, int index)
 } // namespace
 
 KalMFSetFieldValueCommand::KalMFSetFieldValueCommand(SoMField* field, int index)
-    : field(field)
+    : target(field)
     , index(index)
 {
     if (holds(field, index)) {
@@ -25,12 +25,14 @@ void KalMFSetFieldValueCommand::execute() {}
 
 void KalMFSetFieldValueCommand::undo()
 {
+    SoMField* field = target.get();
     if (holds(field, index))
         field->set1(index, oldText.getString());
 }
 
 void KalMFSetFieldValueCommand::redo()
 {
+    SoMField* field = target.get();
     if (holds(field, index))
         field->set1(index, newText.getString());
 }

@@ -12,7 +12,7 @@ bool holds(const SoMField* field, int index)
 } // namespace
 
 KalMFSetValueCommand::KalMFSetValueCommand(SoMField* field, int index, SbString& previousText)
-    : field(field)
+    : target(field)
     , index(index)
 {
     if (!SbStringNull::isNullOrEmpty(previousText)) {
@@ -27,18 +27,21 @@ KalMFSetValueCommand::~KalMFSetValueCommand() = default;
 
 void KalMFSetValueCommand::execute()
 {
+    SoMField* field = target.get();
     if (holds(field, index))
         field->get1(index, newText);
 }
 
 void KalMFSetValueCommand::undo()
 {
+    SoMField* field = target.get();
     if (holds(field, index))
         field->set1(index, oldText.getString());
 }
 
 void KalMFSetValueCommand::redo()
 {
+    SoMField* field = target.get();
     if (holds(field, index))
         field->set1(index, newText.getString());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FieldLifeline.h"
+
 #include <KalCommand.h>
 
 #include <Inventor/SbString.h>
@@ -21,7 +23,8 @@ public:
     void redo() override;
 
 private:
-    SoMField* field;
+    // Null once the field is gone with its node.
+    FieldRef<SoMField> target;
     int index;
     SbString oldText;
     SbString newText;

@@ -4,7 +4,7 @@
 #include <Inventor/fields/SoMField.h>
 
 KalMFSwapRowsCommand::KalMFSwapRowsCommand(SoMField* field, int row1, int row2)
-    : field(field)
+    : target(field)
     , row1(row1)
     , row2(row2)
 {}
@@ -13,6 +13,7 @@ KalMFSwapRowsCommand::~KalMFSwapRowsCommand() = default;
 
 void KalMFSwapRowsCommand::execute()
 {
+    SoMField* field = target.get();
     if (!field || row1 < 0 || row2 < 0 || row1 >= field->getNum() || row2 >= field->getNum())
         return;
     SbString a;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FieldLifeline.h"
+
 #include <KalCommand.h>
 
 class SoMField;
@@ -17,7 +19,8 @@ public:
     void redo() override;
 
 private:
-    SoMField* field;
+    // Null once the field is gone with its node.
+    FieldRef<SoMField> target;
     int row1;
     int row2;
 };

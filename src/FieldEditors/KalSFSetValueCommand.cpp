@@ -5,7 +5,7 @@
 #include <Inventor/fields/SoField.h>
 
 KalSFSetValueCommand::KalSFSetValueCommand(SoField* field, SbString& previousValue)
-    : field(field)
+    : target(field)
 {
     if (!SbStringNull::isNullOrEmpty(previousValue)) {
         this->previousValue = previousValue;
@@ -19,18 +19,21 @@ KalSFSetValueCommand::~KalSFSetValueCommand() = default;
 
 void KalSFSetValueCommand::execute()
 {
+    SoField* field = target.get();
     if (field)
         field->get(newValue);
 }
 
 void KalSFSetValueCommand::undo()
 {
+    SoField* field = target.get();
     if (field)
         field->set(previousValue.getString());
 }
 
 void KalSFSetValueCommand::redo()
 {
+    SoField* field = target.get();
     if (field)
         field->set(newValue.getString());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FieldLifeline.h"
+
 #include <KalCommand.h>
 
 #include <Inventor/SbString.h>
@@ -22,7 +24,8 @@ public:
     void redo() override;
 
 private:
-    SoField* field;
+    // Null once the field is gone with its node.
+    FieldRef<SoField> target;
     SbString previousValue;
     SbString newValue;
 };

@@ -1,5 +1,13 @@
 #pragma once
 
+#include "FxMFDefaultFieldWidget.h"
+#include "FxMFDoubleWidget.h"
+#include "FxMFFloatWidget.h"
+#include "FxMFInt32Widget.h"
+#include "FxMFShortWidget.h"
+#include "FxMFStringWidget.h"
+#include "FxMFUInt32Widget.h"
+#include "FxMFUShortWidget.h"
 #include "FxSFBitMaskWidget.h"
 #include "FxSFBoolWidget.h"
 #include "FxSFBox3sWidget.h"
@@ -61,6 +69,14 @@ private:
     PanelCacheStyle::Scope m_panelStyle;
     KalProfileSelectorExtension m_profileSelector;
     KalConsole m_console;
+    FxMFDefaultFieldWidget m_mfDefaultFieldWidget;
+    FxMFDoubleWidget m_mfDoubleWidget;
+    FxMFFloatWidget m_mfFloatWidget;
+    FxMFInt32Widget m_mfInt32Widget;
+    FxMFShortWidget m_mfShortWidget;
+    FxMFStringWidget m_mfStringWidget;
+    FxMFUInt32Widget m_mfUInt32Widget;
+    FxMFUShortWidget m_mfUShortWidget;
     FxSFBitMaskWidget m_sfBitMaskWidget;
     FxSFBoolWidget m_sfBoolWidget;
     FxSFBox3sWidget m_sfBox3sWidget;

@@ -34,6 +34,9 @@
 #include <QUndoStack>
 #include <QtTest>
 
+#include <algorithm>
+#include <iterator>
+
 #include <memory>
 
 Q_DECLARE_METATYPE(SoField*)
@@ -49,16 +52,21 @@ const char* const kOwnEditors[] = {"SFBitMask", "SFBool",           "SFBox3s",  
                                    "SFString",  "SFUInt32",         "SFUShort", "SFVec2f",    "SFVec2i32",
                                    "SFVec2s",   "SFVec3f",          "SFVec4f"};
 
+// Lists with an editor of their own; every other list takes the generic one.
+const char* const kOwnListEditors[] = {"MFDouble", "MFFloat",  "MFInt32", "MFShort",
+                                       "MFString", "MFUInt32", "MFUShort"};
+
 QString expectedEditor(SoField* field)
 {
-    if (field->isOfType(SoMField::getClassTypeId()))
-        return QString();
     const QString type = QString::fromLatin1(field->getTypeId().getName().getString());
-    for (const char* own : kOwnEditors) {
-        if (type == QLatin1String(own))
-            return QStringLiteral("Fx%1Widget").arg(type);
-    }
-    return QStringLiteral("FxSFLineWidget");
+    const bool isList = field->isOfType(SoMField::getClassTypeId());
+    const auto hasOwn = [&type](const auto& owners) {
+        return std::any_of(std::begin(owners), std::end(owners),
+                           [&type](const char* own) { return type == QLatin1String(own); });
+    };
+    if (isList ? hasOwn(kOwnListEditors) : hasOwn(kOwnEditors))
+        return QStringLiteral("Fx%1Widget").arg(type);
+    return isList ? QStringLiteral("FxMFDefaultFieldWidget") : QStringLiteral("FxSFLineWidget");
 }
 
 // Coin reads doubles back one unit in the last place off now and then
@@ -219,8 +227,8 @@ void tst_HostWindow::selectingEveryFieldThroughTheTree()
         QCOMPARE(fieldDock()->widget()->objectName(), expected);
         ++withEditor;
     }
-    // The sampler alone has one field of every edited single-value type.
-    QVERIFY(withEditor >= 24);
+    // The sampler alone has one field of every edited type, single and list.
+    QVERIFY(withEditor >= 24 + 13);
     QVERIFY(m_host->writeScreenshot(m_dir.filePath(QStringLiteral("every-field.png"))));
 }
 
@@ -460,7 +468,7 @@ void tst_HostWindow::profileFromAFileLimitsTheEditors()
     std::vector<KalExtension*> extensions;
     for (const auto& entry : manager->getProfilesList().front()->getSetting()->getControlledExtensions())
         extensions.push_back(entry.first);
-    QCOMPARE(extensions.size(), size_t(28));
+    QCOMPARE(extensions.size(), size_t(36));
     QString active;
     QStringList warnings;
     QString error;

@@ -59,6 +59,35 @@ const char* const editIconXpm[] = {
     "b*W^M+Y`OU-KQW.b", "b*YaQ,`PW_-V^N/b", "b+[MU,OW`Q.KS[/b", "b+^PY,U_QZ.V`R/b", "b+,,,---...///0b",
     "b,KVK-KVKV/VKV0b", "b,MYO-Q^S`/KWM0b", "b,O]S.WN[R/VMZ1b", "b---...///00011b", "bbbbbbbbbbbbbbbb"};
 
+// The list editors' row buttons: flat shapes, readable at 16 pixels.
+const char* const addIconXpm[] = {
+    "16 16 2 1",        "  c None",         "# c #2f7d32",      "                ", "                ",
+    "                ", "       ##       ", "       ##       ", "       ##       ", "       ##       ",
+    "   ##########   ", "   ##########   ", "       ##       ", "       ##       ", "       ##       ",
+    "       ##       ", "                ", "                ", "                ",
+};
+
+const char* const deleteIconXpm[] = {
+    "16 16 2 1",        "  c None",         "# c #b71c1c",      "                ", "                ",
+    "                ", "   ##      ##   ", "   ###    ###   ", "    ###  ###    ", "     ######     ",
+    "      ####      ", "      ####      ", "     ######     ", "    ###  ###    ", "   ###    ###   ",
+    "   ##      ##   ", "                ", "                ", "                ",
+};
+
+const char* const upIconXpm[] = {
+    "16 16 2 1",        "  c None",         "# c #33507a",      "                ", "                ",
+    "                ", "       ##       ", "       ##       ", "      ####      ", "      ####      ",
+    "     ######     ", "     ######     ", "    ########    ", "    ########    ", "   ##########   ",
+    "   ##########   ", "                ", "                ", "                ",
+};
+
+const char* const downIconXpm[] = {
+    "16 16 2 1",        "  c None",         "# c #33507a",      "                ", "                ",
+    "                ", "   ##########   ", "   ##########   ", "    ########    ", "    ########    ",
+    "     ######     ", "     ######     ", "      ####      ", "      ####      ", "       ##       ",
+    "       ##       ", "                ", "                ", "                ",
+};
+
 } // namespace
 
 QPixmap EditorIcons::defaultIcon()
@@ -74,4 +103,24 @@ QPixmap EditorIcons::ignoreIcon()
 QPixmap EditorIcons::editIcon()
 {
     return QPixmap(editIconXpm);
+}
+
+QPixmap EditorIcons::addIcon()
+{
+    return QPixmap(addIconXpm);
+}
+
+QPixmap EditorIcons::deleteIcon()
+{
+    return QPixmap(deleteIconXpm);
+}
+
+QPixmap EditorIcons::upIcon()
+{
+    return QPixmap(upIconXpm);
+}
+
+QPixmap EditorIcons::downIcon()
+{
+    return QPixmap(downIconXpm);
 }

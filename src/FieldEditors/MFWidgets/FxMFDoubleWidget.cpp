@@ -1,0 +1,5 @@
+#include "FxMFDoubleWidget.h"
+
+FxMFDoubleWidget::FxMFDoubleWidget(const char* name)
+    : FxMFNumberWidget(name, "FxMFDoubleWidget")
+{}

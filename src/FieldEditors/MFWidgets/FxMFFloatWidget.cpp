@@ -1,0 +1,5 @@
+#include "FxMFFloatWidget.h"
+
+FxMFFloatWidget::FxMFFloatWidget(const char* name)
+    : FxMFNumberWidget(name, "FxMFFloatWidget")
+{}

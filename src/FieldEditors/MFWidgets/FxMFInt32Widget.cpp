@@ -1,0 +1,5 @@
+#include "FxMFInt32Widget.h"
+
+FxMFInt32Widget::FxMFInt32Widget(const char* name)
+    : FxMFNumberWidget(name, "FxMFInt32Widget")
+{}

@@ -1,0 +1,5 @@
+#include "FxMFShortWidget.h"
+
+FxMFShortWidget::FxMFShortWidget(const char* name)
+    : FxMFNumberWidget(name, "FxMFShortWidget")
+{}

@@ -1,0 +1,5 @@
+#include "FxMFUShortWidget.h"
+
+FxMFUShortWidget::FxMFUShortWidget(const char* name)
+    : FxMFNumberWidget(name, "FxMFUShortWidget")
+{}

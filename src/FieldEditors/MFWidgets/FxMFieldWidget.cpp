@@ -1,0 +1,311 @@
+#include "FxMFieldWidget.h"
+
+#include "AccessButtonPrivate.h"
+#include "DefaultFieldValues.h"
+#include "EditorIcons.h"
+#include "FxMFieldTable.h"
+#include "KalFieldIgnoredCommand.h"
+#include "KalFieldSetDefaultCommand.h"
+#include "LayoutMetrics.h"
+
+#include <KalServices.h>
+
+#include <Inventor/fields/SoMField.h>
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QSpacerItem>
+
+namespace {
+
+int metric(const char* name)
+{
+    return LayoutMetrics::value(QLatin1String(name));
+}
+
+QHBoxLayout* buttonPairLayout(const char* name)
+{
+    auto* layout = new QHBoxLayout;
+    layout->setContentsMargins(QMargins() + metric("MFButtonLayoutMargin"));
+    layout->setSpacing(metric("MFButtonLayoutSpacing"));
+    layout->setObjectName(QLatin1String(name));
+    return layout;
+}
+
+} // namespace
+
+FxMFieldWidget::FxMFieldWidget(const char* name)
+    : m_deleteIcon(EditorIcons::deleteIcon())
+    , m_addIcon(EditorIcons::addIcon())
+    , m_upIcon(EditorIcons::upIcon())
+    , m_downIcon(EditorIcons::downIcon())
+    , m_defaultIcon(EditorIcons::defaultIcon())
+    , m_ignoreIcon(EditorIcons::ignoreIcon())
+{
+    const QString objectName = QLatin1String(name ? name : "FxMFieldWidget");
+    setObjectName(objectName);
+    // The frame carries the editor's name too, so that the editor can be
+    // found by name in the window it is shown in.
+    frame->setObjectName(objectName);
+    // Made now, not with the other widgets, so that a concrete editor can
+    // configure its table before the editor is first shown.
+    m_table = new FxMFieldTable(this, frame, "m_table");
+}
+
+FxMFieldWidget::~FxMFieldWidget() = default;
+
+void FxMFieldWidget::setTypeLabel(const QString& typeName)
+{
+    if (!m_label)
+        m_label = new QLabel(frame);
+    if (m_label->text().isEmpty())
+        m_label->setText(QStringLiteral("<p align=\"center\">") + typeName + QStringLiteral("</p>"));
+}
+
+void FxMFieldWidget::updateElementCount()
+{
+    SoMField* field = getField();
+    if (!field || !m_labelNumElement)
+        return;
+    m_labelNumElement->setText(tr("<p align=\"center\">") + QString::number(field->getNum()) +
+                               tr(" elements") + tr("</p>"));
+}
+
+SoMField* FxMFieldWidget::getField() const
+{
+    return m_field && m_field->isOfType(SoMField::getClassTypeId()) ? static_cast<SoMField*>(m_field)
+                                                                    : nullptr;
+}
+
+void FxMFieldWidget::createWidget()
+{
+    KalFieldEditors::createWidget();
+    if (m_globalLayout)
+        return;
+
+    frame->setFrameShape(QFrame::Box);
+    frame->setFrameShadow(QFrame::Plain);
+    frame->setLineWidth(metric("frameLineWidth"));
+    const QSize buttonSize(metric("buttonWidth"), metric("buttonHeight"));
+
+    m_globalLayout = new QGridLayout(frame);
+    m_globalLayout->setContentsMargins(QMargins() + metric("MFGlobalLayoutMarging"));
+    m_globalLayout->setSpacing(metric("MFGlobalLayoutSpacing"));
+
+    if (!m_label)
+        m_label = new QLabel(frame);
+    m_label->setObjectName(QStringLiteral("m_label"));
+    QFont font = m_label->font();
+    font.setPointSize(metric("labelPointSize"));
+    m_label->setFont(font);
+    m_label->setFrameShape(QFrame::Box);
+    m_label->setFrameShadow(QFrame::Plain);
+    m_label->setLineWidth(metric("labelLineWidth"));
+    m_label->setScaledContents(true);
+    m_globalLayout->addWidget(m_label, 0, 0);
+    m_globalLayout->addItem(new QSpacerItem(0, 4, QSizePolicy::Minimum, QSizePolicy::Minimum), 1, 0);
+    m_globalLayout->addItem(new QSpacerItem(6, 0, QSizePolicy::Minimum, QSizePolicy::Minimum), 0, 1);
+
+    m_buttonsLayout = new QHBoxLayout;
+    m_buttonsLayout->setContentsMargins(QMargins() + metric("MFGlobalButtonsLayoutMargin"));
+    m_buttonsLayout->setSpacing(metric("MFGlobalButtonsLayoutSpacing"));
+
+    auto makeButton = [&](const char* objectName, const QPixmap& icon) {
+        auto* button = new QPushButton(frame);
+        button->setObjectName(QLatin1String(objectName));
+        button->setIcon(QIcon(icon));
+        button->setMaximumSize(buttonSize);
+        // The table keeps the keyboard focus, so that + and - go on working
+        // after a button was clicked.
+        button->setFocusPolicy(Qt::NoFocus);
+        return button;
+    };
+
+    m_manageButtonsLayout = buttonPairLayout("m_manageButtonsLayout");
+    m_addButton = makeButton("m_addButton", m_addIcon);
+    m_deleteButton = makeButton("m_deleteButton", m_deleteIcon);
+    m_manageButtonsLayout->addWidget(m_addButton);
+    m_manageButtonsLayout->addWidget(m_deleteButton);
+    m_buttonsLayout->addLayout(m_manageButtonsLayout);
+
+    m_manageAccessSpacer =
+        new QSpacerItem(metric("MFManageAccessSpacerWidth"), metric("MFManageAccessSpacerHeight"),
+                        QSizePolicy::Expanding, QSizePolicy::Minimum);
+    m_buttonsLayout->addItem(m_manageAccessSpacer);
+
+    m_accessBox = new AccessButtonPrivate(0, 0, 1, frame, "m_accessBox");
+    m_accessBox->setMaximumSize(metric("MFAccessWidth"), metric("buttonHeight"));
+    m_buttonsLayout->addWidget(m_accessBox);
+
+    m_accessMoveSpacer =
+        new QSpacerItem(metric("MFAccessMoveSpacerWidth"), metric("MFAccessMoveSpacerHeight"),
+                        QSizePolicy::Expanding, QSizePolicy::Minimum);
+    m_buttonsLayout->addItem(m_accessMoveSpacer);
+    m_buttonsLayout->addItem(new QSpacerItem(0, 4, QSizePolicy::Minimum, QSizePolicy::Minimum));
+
+    m_labelNumElement = new QLabel(frame);
+    m_labelNumElement->setObjectName(QStringLiteral("m_labelNumElement"));
+    m_buttonsLayout->addWidget(m_labelNumElement);
+    updateElementCount();
+
+    // Both pairs carry the same layout name; that is the name they have
+    // always had.
+    m_moveButtonsLayout = buttonPairLayout("movementButtonLayout");
+    m_upButton = makeButton("m_upButton", m_upIcon);
+    m_downButton = makeButton("m_downButton", m_downIcon);
+    m_moveButtonsLayout->addWidget(m_upButton);
+    m_moveButtonsLayout->addWidget(m_downButton);
+    m_buttonsLayout->addLayout(m_moveButtonsLayout);
+
+    m_fieldButtonsLayout = buttonPairLayout("movementButtonLayout");
+    m_defaultButton = makeButton("m_defaultButton", m_defaultIcon);
+    m_ignoreButton = makeButton("m_ignoreButton", m_ignoreIcon);
+    m_ignoreButton->setCheckable(true);
+    m_fieldButtonsLayout->addWidget(m_defaultButton);
+    m_fieldButtonsLayout->addWidget(m_ignoreButton);
+    m_buttonsLayout->addLayout(m_fieldButtonsLayout);
+
+    m_globalLayout->addLayout(m_buttonsLayout, 0, 2);
+    m_globalLayout->addWidget(m_table, 2, 2);
+    m_table->setMinimumHeight(metric("MFTableMinHeightWin"));
+
+    connect(m_upButton, SIGNAL(clicked()), m_table, SLOT(swapUpRow()));
+    connect(m_downButton, SIGNAL(clicked()), m_table, SLOT(swapDownRow()));
+    connect(m_deleteButton, SIGNAL(clicked()), m_table, SLOT(deleteRow()));
+    connect(m_addButton, SIGNAL(clicked()), m_table, SLOT(addRow()));
+    connect(m_accessBox, SIGNAL(valueChanged(int)), m_table, SLOT(showTableRow(int)));
+    connect(m_ignoreButton, SIGNAL(released()), this, SLOT(ignoreButtonStateChanged()));
+    connect(m_defaultButton, SIGNAL(clicked()), this, SLOT(setDefaultFieldValue()));
+
+    languageChange();
+}
+
+void FxMFieldWidget::deactivate()
+{
+    KalFieldEditors::deactivate();
+    // A hidden editor keeps no rows: a list of a million values would
+    // otherwise hold the table's row bookkeeping until the next list.
+    if (m_table)
+        m_table->setNumRows(0);
+}
+
+void FxMFieldWidget::languageChange()
+{
+    if (!m_addButton)
+        return;
+    for (QPushButton* button :
+         {m_deleteButton, m_upButton, m_downButton, m_defaultButton, m_ignoreButton, m_addButton})
+        button->setText(QString());
+    m_deleteButton->setToolTip(tr("Delete current row"));
+    m_accessBox->setToolTip(tr("Quick access to rows"));
+    m_upButton->setToolTip(tr("Bring up current row"));
+    m_downButton->setToolTip(tr("Bring down current row"));
+    m_defaultButton->setToolTip(tr("Set to default"));
+    m_ignoreButton->setToolTip(tr("Ignore this field"));
+    m_addButton->setToolTip(tr("Add a row"));
+}
+
+void FxMFieldWidget::setField(SoField* field)
+{
+    if (!field) {
+        // The field is gone (its node was deleted) or taken away: nothing of
+        // it may be read again.
+        m_field = nullptr;
+        if (m_table)
+            m_table->setNumRows(0);
+    } else if (acceptField(field)) {
+        m_field = field;
+    }
+    KalFieldEditors::setField(field);
+}
+
+// Cell texts are not copied into the table: the delegate asks for them when
+// it paints, so a new row count and a repaint are all a refresh needs.
+void FxMFieldWidget::updateWidget()
+{
+    if (!m_table || !m_refreshEnabled)
+        return;
+    SoMField* field = getField();
+    m_table->setNumRows(field ? field->getNum() : 0);
+    m_table->viewport()->update();
+    if (field && m_ignoreButton)
+        m_ignoreButton->setChecked(field->isIgnored());
+    updateElementCount();
+}
+
+void FxMFieldWidget::setRefreshEnabled(bool enabled)
+{
+    m_refreshEnabled = enabled;
+}
+
+void FxMFieldWidget::swapValues(int, int) {}
+
+void FxMFieldWidget::prepareSingleColumn()
+{
+    m_table->setColumnCount(1);
+    m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
+    m_table->setNumRows(0);
+}
+
+void FxMFieldWidget::exchangeValues(int first, int second)
+{
+    SoMField* field = getField();
+    if (!field || first < 0 || second < 0 || first >= field->getNum() || second >= field->getNum())
+        return;
+    SbString a;
+    SbString b;
+    field->get1(first, a);
+    field->get1(second, b);
+    field->set1(first, b.getString());
+    field->set1(second, a.getString());
+}
+
+void FxMFieldWidget::cellOperation(int, int) {}
+
+void FxMFieldWidget::setValueFromText(int, int, QString) {}
+
+void FxMFieldWidget::setValueAt(int, const void*) {}
+
+void FxMFieldWidget::applyChanges() {}
+
+QString FxMFieldWidget::getValueText(int, int)
+{
+    return QString();
+}
+
+int FxMFieldWidget::getValueAlignment()
+{
+    return Qt::AlignCenter;
+}
+
+bool FxMFieldWidget::acceptField(SoField*)
+{
+    return false;
+}
+
+void FxMFieldWidget::ignoreButtonStateChanged()
+{
+    SoMField* field = getField();
+    if (!field || !m_ignoreButton)
+        return;
+    const bool checked = m_ignoreButton->isChecked();
+    field->setIgnored(checked);
+    KalServices::getInstance()->pushCommand(new KalFieldIgnoredCommand(field, checked));
+}
+
+// The whole list is replaced by the default list, in its text form.
+void FxMFieldWidget::setDefaultFieldValue()
+{
+    SoMField* field = getField();
+    SoField* defaultField = DefaultFieldValues::defaultFieldFor(field);
+    if (!defaultField)
+        return;
+    SbString text;
+    defaultField->get(text);
+    field->set(text.getString());
+    KalServices::getInstance()->pushCommand(new KalFieldSetDefaultCommand(field, defaultField));
+}

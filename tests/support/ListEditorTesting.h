@@ -1,0 +1,176 @@
+#pragma once
+// What the list editor tests share: the real plug-in loaded into the host,
+// its "Field Editor" dock in a shown main window, and the editor's widgets
+// found by their object names.
+#include "FieldTesting.h"
+
+#include <AccessButtonPrivate.h>
+#include <FxMFieldTable.h>
+#include <FxMFieldWidget.h>
+#include <KalCommand.h>
+#include <KalPluginsManager.h>
+#include <KalServices.h>
+#include <KalShell.h>
+
+#include <Inventor/fields/SoMFString.h>
+#include <Inventor/fields/SoMField.h>
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTextDocumentFragment>
+#include <QtTest>
+
+#include <iostream>
+#include <sstream>
+#include <typeinfo>
+
+namespace ListEditorTesting {
+
+inline bool loadPlugin()
+{
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    if (!manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH))) {
+        qWarning() << manager->lastError();
+        return false;
+    }
+    QMainWindow* window = KalShell::getInstance()->getMainWindow();
+    window->resize(1000, 700);
+    window->show();
+    return QTest::qWaitForWindowExposed(window);
+}
+
+inline void unloadPlugin()
+{
+    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
+    KalPluginsManager::getInstance()->unloadAll();
+    KalServices::getInstance()->clearHistory();
+}
+
+inline QDockWidget* dock()
+{
+    return KalShell::getInstance()->getMainWindow()->findChild<QDockWidget*>(
+        QStringLiteral("KalFieldEditorDock"));
+}
+
+// The plug-in module carries its own copy of the editor classes, whose
+// meta-objects are not the test's: its objects are found by name and class
+// name rather than by qobject_cast.
+template <class T>
+T* child(const char* name, QObject* within = nullptr)
+{
+    QObject* parent = within ? within : dock();
+    if (!parent)
+        return nullptr;
+    for (QObject* object : parent->findChildren<QObject*>(QLatin1String(name))) {
+        if (object->inherits(T::staticMetaObject.className()))
+            return static_cast<T*>(object);
+    }
+    return nullptr;
+}
+
+inline FxMFieldTable* table()
+{
+    return child<FxMFieldTable>("m_table");
+}
+
+inline AccessButtonPrivate* accessBox()
+{
+    return child<AccessButtonPrivate>("m_accessBox");
+}
+
+inline FxMFieldWidget* shownEditor()
+{
+    FxMFieldTable* shown = table();
+    return shown ? shown->getFieldWidget() : nullptr;
+}
+
+// Shows the field in the dock as the host does when the user selects it,
+// and lets the editor draw.
+inline void select(SoField* field)
+{
+    emit KalServices::getInstance()->selectedFieldChanged(field);
+    processSensors();
+    QCoreApplication::processEvents();
+}
+
+inline void click(const char* buttonName)
+{
+    QPushButton* button = child<QPushButton>(buttonName);
+    QVERIFY2(button, buttonName);
+    QTest::mouseClick(button, Qt::LeftButton);
+    processSensors();
+}
+
+// Clicks a cell the way a person does, with an optional modifier.
+inline void clickCell(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    FxMFieldTable* shown = table();
+    shown->scrollTo(shown->model()->index(row, 0));
+    const QRect cell = shown->visualRect(shown->model()->index(row, 0));
+    QTest::mouseClick(shown->viewport(), Qt::LeftButton, modifiers, cell.center());
+}
+
+inline void key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    FxMFieldTable* shown = table();
+    shown->setFocus();
+    QTest::keyClick(shown, key, modifiers);
+    processSensors();
+}
+
+inline QStringList values(SoMField& field)
+{
+    QStringList texts;
+    for (int i = 0; i < field.getNum(); ++i) {
+        SbString text;
+        field.get1(i, text);
+        texts << QString::fromUtf8(text.getString());
+    }
+    return texts;
+}
+
+inline void fill(SoMFString& field, const QStringList& texts)
+{
+    field.setNum(0);
+    for (int i = 0; i < texts.size(); ++i)
+        field.set1Value(i, SbString(texts.at(i).toUtf8().constData()));
+}
+
+inline int commands()
+{
+    return KalServices::getInstance()->commandCount();
+}
+
+template <class Command>
+bool lastCommandIs()
+{
+    KalCommand* command = KalServices::getInstance()->command(commands() - 1);
+    return command && typeid(*command) == typeid(Command);
+}
+
+inline QString elementCount()
+{
+    QLabel* label = child<QLabel>("m_labelNumElement");
+    return label ? QTextDocumentFragment::fromHtml(label->text()).toPlainText() : QString();
+}
+
+// Collects what the list editors write on the error stream.
+class ErrorStreamCapture
+{
+public:
+    ErrorStreamCapture()
+        : m_previous(std::cerr.rdbuf(m_text.rdbuf()))
+    {}
+    ~ErrorStreamCapture() { std::cerr.rdbuf(m_previous); }
+    QString text() const { return QString::fromStdString(m_text.str()); }
+
+private:
+    std::ostringstream m_text;
+    std::streambuf* m_previous;
+};
+
+} // namespace ListEditorTesting

@@ -1,0 +1,39 @@
+#include "ListFieldsNode.h"
+
+SO_NODE_SOURCE(ListFieldsNode);
+
+void ListFieldsNode::initClass()
+{
+    if (getClassTypeId() == SoType::badType())
+        SO_NODE_INIT_CLASS(ListFieldsNode, SoNode, "Node");
+}
+
+ListFieldsNode::ListFieldsNode()
+{
+    SO_NODE_CONSTRUCTOR(ListFieldsNode);
+    SO_NODE_ADD_FIELD(mfFloat, (1.5f));
+    mfFloat.set1Value(1, 2.5f);
+    mfFloat.set1Value(2, 3.5f);
+    SO_NODE_ADD_FIELD(mfDouble, (0.25));
+    mfDouble.set1Value(1, 0.5);
+    SO_NODE_ADD_FIELD(mfInt32, (10));
+    mfInt32.set1Value(1, -20);
+    mfInt32.set1Value(2, 30);
+    SO_NODE_ADD_FIELD(mfShort, (1));
+    mfShort.set1Value(1, 2);
+    SO_NODE_ADD_FIELD(mfUInt32, (7u));
+    mfUInt32.set1Value(1, 4000000000u);
+    SO_NODE_ADD_FIELD(mfUShort, (5));
+    mfUShort.set1Value(1, 65535);
+    SO_NODE_ADD_FIELD(mfString, ("alpha"));
+    mfString.set1Value(1, "beta");
+    mfString.set1Value(2, "gamma");
+    SO_NODE_ADD_FIELD(mfName, ("one"));
+    mfName.set1Value(1, "two");
+    SO_NODE_ADD_FIELD(mfTime, (1.5));
+    SO_NODE_ADD_FIELD(emptyStrings, (""));
+    emptyStrings.setNum(0);
+    emptyStrings.setDefault(TRUE);
+}
+
+ListFieldsNode::~ListFieldsNode() = default;

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <Inventor/fields/SoMFDouble.h>
+#include <Inventor/fields/SoMFFloat.h>
+#include <Inventor/fields/SoMFInt32.h>
+#include <Inventor/fields/SoMFName.h>
+#include <Inventor/fields/SoMFShort.h>
+#include <Inventor/fields/SoMFString.h>
+#include <Inventor/fields/SoMFTime.h>
+#include <Inventor/fields/SoMFUInt32.h>
+#include <Inventor/fields/SoMFUShort.h>
+#include <Inventor/nodes/SoSubNode.h>
+
+// A node with a list field of every scalar and string type the list editors
+// handle, plus two the generic editor shows, and one list whose default is
+// empty. A real node class, so that a fresh instance has real defaults.
+class ListFieldsNode : public SoNode
+{
+    typedef SoNode inherited;
+    SO_NODE_HEADER(ListFieldsNode);
+
+public:
+    static void initClass();
+    ListFieldsNode();
+
+    SoMFFloat mfFloat;       // 1.5 2.5 3.5
+    SoMFDouble mfDouble;     // 0.25 0.5
+    SoMFInt32 mfInt32;       // 10 -20 30
+    SoMFShort mfShort;       // 1 2
+    SoMFUInt32 mfUInt32;     // 7 4000000000
+    SoMFUShort mfUShort;     // 5 65535
+    SoMFString mfString;     // "alpha" "beta" "gamma"
+    SoMFName mfName;         // one two
+    SoMFTime mfTime;         // 1.5
+    SoMFString emptyStrings; // default: no values
+
+protected:
+    ~ListFieldsNode() override;
+};

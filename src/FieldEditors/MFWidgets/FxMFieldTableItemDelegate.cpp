@@ -18,11 +18,23 @@
 
 namespace {
 
+// Qt's number validators "fix up" a refused text on Return by dropping what
+// they take for group separators, which turns a comma-decimal "3,5" into 35.
+// A refused text must stay refused.
+template <class Validator>
+class NoFixup : public Validator
+{
+public:
+    using Validator::Validator;
+    void fixup(QString&) const override {}
+};
+
 // Field texts are always in the C locale, whatever the user's locale: what
 // a validator accepts must be what the field reads.
-template <class Validator>
-Validator* inCLocale(Validator* validator)
+template <class Validator, class... Arguments>
+QValidator* inCLocale(Arguments... arguments)
 {
+    auto* validator = new NoFixup<Validator>(arguments...);
     QLocale c = QLocale::c();
     c.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
     validator->setLocale(c);
@@ -35,18 +47,16 @@ Validator* inCLocale(Validator* validator)
 using ValidatorMaker = QValidator* (*)(QObject*);
 const ValidatorMaker kValidators[] = {
     /* 0 no kind */ nullptr,
-    /* 1 short   */ [](QObject* p) -> QValidator* { return inCLocale(new QIntValidator(-32767, 32767, p)); },
-    /* 2 ushort  */ [](QObject* p) -> QValidator* { return inCLocale(new QIntValidator(0, 65535, p)); },
-    /* 3 int     */ [](QObject* p) -> QValidator* { return inCLocale(new QIntValidator(p)); },
+    /* 1 short   */ [](QObject* p) { return inCLocale<QIntValidator>(-32767, 32767, p); },
+    /* 2 ushort  */ [](QObject* p) { return inCLocale<QIntValidator>(0, 65535, p); },
+    /* 3 int     */ [](QObject* p) { return inCLocale<QIntValidator>(p); },
     /* 4 uint    */ [](QObject* p) -> QValidator* { return new QUIntValidator(0, 4294967295u, p); },
     /* 5 int32   */
-    [](QObject* p) -> QValidator* { return inCLocale(new QIntValidator(-2147483647, 2147483647, p)); },
+    [](QObject* p) { return inCLocale<QIntValidator>(-2147483647, 2147483647, p); },
     /* 6 uint32  */ [](QObject* p) -> QValidator* { return new QULongValidator(0, 4294967295u, p); },
     /* 7 float   */
-    [](QObject* p) -> QValidator* {
-        return inCLocale(new QDoubleValidator(-3.4028235e38, 3.4028235e38, 6, p));
-    },
-    /* 8 double  */ [](QObject* p) -> QValidator* { return inCLocale(new QDoubleValidator(p)); },
+    [](QObject* p) { return inCLocale<QDoubleValidator>(-3.4028235e38, 3.4028235e38, 6, p); },
+    /* 8 double  */ [](QObject* p) { return inCLocale<QDoubleValidator>(p); },
 };
 
 const QString kDots = QStringLiteral("...");

@@ -108,8 +108,10 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     const Run run = kalhost({QStringLiteral("--tour"), directory});
     QVERIFY2(run.code == 0, qPrintable(run.out + run.err));
     QVERIFY2(!run.out.contains(QLatin1String("FAILED")), qPrintable(run.out));
-    const char* const shots[] = {"01-float.png",  "02-enum.png",        "03-rotation.png", "04-bitmask.png",
-                                 "05-colour.png", "06-float-again.png", "07-edited.png",   "08-undone.png"};
+    const char* const shots[] = {"01-float.png",       "02-enum.png",       "03-rotation.png",
+                                 "04-bitmask.png",     "05-colour.png",     "06-float-again.png",
+                                 "07-edited.png",      "08-undone.png",     "09-list-row-added.png",
+                                 "10-list-edited.png", "11-list-undone.png"};
     for (const char* shot : shots) {
         const QString path = QDir(directory).filePath(QLatin1String(shot));
         QVERIFY2(run.out.contains(path), shot);
@@ -117,6 +119,12 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     }
     // The edit and its undo are in the host's history, as its menu says.
     QVERIFY2(run.out.contains(QStringLiteral("Edit > Undo Set Quality.value")), qPrintable(run.out));
+    QVERIFY2(run.out.contains(QStringLiteral("Edit > Undo Add a row to Sampler.lines")), qPrintable(run.out));
+    const QImage listBefore(QDir(directory).filePath(QStringLiteral("09-list-row-added.png")));
+    const QImage listEdited(QDir(directory).filePath(QStringLiteral("10-list-edited.png")));
+    const QImage listUndone(QDir(directory).filePath(QStringLiteral("11-list-undone.png")));
+    QVERIFY(listBefore != listEdited);
+    QVERIFY(listEdited != listUndone);
     // The edited screenshot differs from the one before the edit, and the
     // undone one shows the editor as before.
     const QImage before(QDir(directory).filePath(QStringLiteral("06-float-again.png")));

@@ -12,6 +12,21 @@
 namespace {
 constexpr int kMaxValueLength = 40;
 constexpr int kMaxKnownFields = 4096;
+
+// "Node.field", the node by its name, or by its type when it has none.
+QString placeOf(SoField* field)
+{
+    SoFieldContainer* container = field->getContainer();
+    QString owner;
+    SbName fieldName;
+    if (container) {
+        owner = QString::fromUtf8(container->getName().getString());
+        if (owner.isEmpty())
+            owner = QString::fromLatin1(container->getTypeId().getName().getString());
+        container->getFieldName(field, fieldName);
+    }
+    return QStringLiteral("%1.%2").arg(owner, QString::fromLatin1(fieldName.getString()));
+}
 } // namespace
 
 CommandNamer::CommandNamer(QUndoStack* stack, QObject* parent)
@@ -40,18 +55,33 @@ QString CommandNamer::shortText(SoField* field)
     return shown;
 }
 
+CommandNamer::Seen CommandNamer::seen(SoField* field)
+{
+    Seen result;
+    result.text = shortText(field);
+    if (field->isOfType(SoMField::getClassTypeId()))
+        result.count = static_cast<SoMField*>(field)->getNum();
+    return result;
+}
+
+QString CommandNamer::describe(SoField* field, const Seen& before, const Seen& after)
+{
+    if (before.count >= 0 && after.count >= 0 && before.count != after.count) {
+        const QString where = placeOf(field);
+        const int rows = after.count - before.count;
+        if (rows == 1)
+            return tr("Add a row to %1").arg(where);
+        if (rows == -1)
+            return tr("Delete a row from %1").arg(where);
+        return rows > 0 ? tr("Add %1 rows to %2").arg(rows).arg(where)
+                        : tr("Delete %1 rows from %2").arg(-rows).arg(where);
+    }
+    return describe(field, before.text, after.text);
+}
+
 QString CommandNamer::describe(SoField* field, const QString& before, const QString& after)
 {
-    SoFieldContainer* container = field->getContainer();
-    QString owner;
-    SbName fieldName;
-    if (container) {
-        owner = QString::fromUtf8(container->getName().getString());
-        if (owner.isEmpty())
-            owner = QString::fromLatin1(container->getTypeId().getName().getString());
-        container->getFieldName(field, fieldName);
-    }
-    const QString where = QStringLiteral("%1.%2").arg(owner, QString::fromLatin1(fieldName.getString()));
+    const QString where = placeOf(field);
     if (before.isNull() || before == after)
         return tr("Set %1 to %2").arg(where, after);
     return tr("Set %1: %2 \u2192 %3").arg(where, before, after);
@@ -66,7 +96,7 @@ void CommandNamer::noteSelection(SoFieldContainer* container)
         m_known.clear();
     for (int i = 0; i < data->getNumFields(); ++i) {
         SoField* field = data->getField(container, i);
-        m_known.insert(field, shortText(field));
+        m_known.insert(field, seen(field));
     }
 }
 
@@ -88,7 +118,7 @@ void CommandNamer::nameNewCommand()
     m_lastNamed = top;
     if (!field)
         return;
-    const QString after = shortText(field);
+    const Seen after = seen(field);
     const QString text = describe(field, m_known.value(field), after);
     m_known.insert(field, after);
     // The stack owns its commands; only their text changes here.

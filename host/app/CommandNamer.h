@@ -22,8 +22,19 @@ public:
     // The scene is going away: forget every field.
     void reset();
 
+    // What was seen of a field: its short text and, for a list, its count.
+    struct Seen
+    {
+        QString text;
+        int count = -1;
+    };
+
     static QString describe(SoField* field, const QString& before, const QString& after);
+    // As above, and for a list whose count changed, the rows added or
+    // deleted rather than two texts that say little.
+    static QString describe(SoField* field, const Seen& before, const Seen& after);
     static QString shortText(SoField* field);
+    static Seen seen(SoField* field);
 
 public slots:
     void noteSelection(SoFieldContainer* container);
@@ -36,5 +47,5 @@ private:
     QUndoStack* m_stack;
     const QUndoCommand* m_lastNamed = nullptr;
     SoField* m_changed = nullptr;
-    QHash<SoField*, QString> m_known;
+    QHash<SoField*, Seen> m_known;
 };

@@ -3,10 +3,14 @@
 #include "KalHostWindow.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QDir>
 #include <QDockWidget>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QPushButton>
+#include <QTableWidget>
 #include <QTextStream>
 #include <QTimer>
 
@@ -84,41 +88,93 @@ bool DemoTour::undoFromMenu()
     return true;
 }
 
+// The list editor: a row added below the first one, a value typed into it,
+// both taken back from the Edit menu.
+bool DemoTour::addListRow()
+{
+    if (!m_host->select(QStringLiteral("Sampler.lines")))
+        return false;
+    QDockWidget* dock = m_host->window()->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
+    auto* table = dock ? dock->findChild<QTableWidget*>(QStringLiteral("m_table")) : nullptr;
+    auto* add = dock ? dock->findChild<QPushButton*>(QStringLiteral("m_addButton")) : nullptr;
+    if (!table || !add)
+        return false;
+    table->setCurrentCell(0, 0);
+    add->click();
+    return true;
+}
+
+bool DemoTour::typeIntoListRow()
+{
+    QDockWidget* dock = m_host->window()->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
+    auto* table = dock ? dock->findChild<QTableWidget*>(QStringLiteral("m_table")) : nullptr;
+    if (!table || table->rowCount() < 2)
+        return false;
+    const QModelIndex cell = table->model()->index(1, 0);
+    table->setCurrentIndex(cell);
+    table->edit(cell);
+    auto* edit = qobject_cast<QLineEdit*>(table->indexWidget(cell));
+    if (!edit)
+        return false;
+    edit->setText(QStringLiteral("typed on the tour"));
+    edit->setModified(true);
+    // Return, as a person presses it: the table commits the cell.
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(edit, &press);
+    return true;
+}
+
 void DemoTour::step()
 {
     const int stops = int(std::size(kStops));
     if (m_step < stops) {
         const Stop& stop = kStops[m_step];
         m_ok = m_host->select(QString::fromLatin1(stop.path)) && m_ok;
-        // Give the editor and the view a moment to draw.
-        QTimer::singleShot(150, this, [this, stop] {
-            m_ok = shoot(QString::fromLatin1(stop.shot), QString::fromLatin1(stop.what)) && m_ok;
-            ++m_step;
-            step();
-        });
+        then(QString::fromLatin1(stop.shot), QString::fromLatin1(stop.what));
         return;
     }
-    if (m_step == stops) {
+    switch (m_step - stops) {
+    case 0: {
         const bool changed = changeValue();
         m_ok = changed && m_ok;
-        QTimer::singleShot(150, this, [this, changed] {
-            m_ok = shoot(QStringLiteral("07-edited.png"),
-                         changed ? QStringLiteral("typed 0.15 into Quality.value, Return: a coarser sphere")
-                                 : QStringLiteral("could not find the float editor")) &&
-                   m_ok;
-            ++m_step;
-            step();
-        });
+        then(QStringLiteral("07-edited.png"),
+             changed ? QStringLiteral("typed 0.15 into Quality.value, Return: a coarser sphere")
+                     : QStringLiteral("could not find the float editor"));
         return;
     }
-    if (m_step == stops + 1) {
-        const bool undone = undoFromMenu();
-        m_ok = undone && m_ok;
-        QTimer::singleShot(150, this, [this] {
-            m_ok = shoot(QStringLiteral("08-undone.png"), QStringLiteral("Quality.value is back at 0.6")) &&
-                   m_ok;
-            ++m_step;
-            emit finished(m_ok);
-        });
+    case 1:
+        m_ok = undoFromMenu() && m_ok;
+        then(QStringLiteral("08-undone.png"), QStringLiteral("Quality.value is back at 0.6"));
+        return;
+    case 2:
+        m_ok = addListRow() && m_ok;
+        then(QStringLiteral("09-list-row-added.png"),
+             QStringLiteral("selected Sampler.lines (MFString), added a row"));
+        return;
+    case 3:
+        m_ok = typeIntoListRow() && m_ok;
+        then(QStringLiteral("10-list-edited.png"), QStringLiteral("typed into the new row, Return"));
+        return;
+    case 4:
+        // The typed value's command reads its old text after the write, so
+        // its undo leaves the value; the second undo takes the row away.
+        m_ok = undoFromMenu() && m_ok;
+        m_ok = undoFromMenu() && m_ok;
+        then(QStringLiteral("11-list-undone.png"),
+             QStringLiteral("the added row is gone again"));
+        return;
+    default:
+        emit finished(m_ok);
     }
+}
+
+// Gives the editor and the view a moment to draw, takes the screenshot and
+// goes on to the next step.
+void DemoTour::then(const QString& shot, const QString& what)
+{
+    QTimer::singleShot(150, this, [this, shot, what] {
+        m_ok = shoot(shot, what) && m_ok;
+        ++m_step;
+        step();
+    });
 }

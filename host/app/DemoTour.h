@@ -8,7 +8,8 @@ class KalHostWindow;
 
 // The scripted walk `make demo` takes when there is no person at a display:
 // select fields of several types, change one through its editor, undo it
-// from the Edit menu, and take a screenshot after each step.
+// from the Edit menu, add a row to a list and type into it, undo those, and
+// take a screenshot after each step.
 class DemoTour : public QObject
 {
     Q_OBJECT
@@ -26,8 +27,11 @@ signals:
 private:
     void step();
     bool shoot(const QString& name, const QString& what);
+    void then(const QString& shot, const QString& what);
     bool changeValue();
     bool undoFromMenu();
+    bool addListRow();
+    bool typeIntoListRow();
 
     KalHostWindow* m_host;
     QString m_directory;

@@ -1,19 +1,27 @@
 #include "SceneDocument.h"
 
+#include "LargeStack.h"
+#include "SceneTextCheck.h"
+
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/errors/SoReadError.h>
+#include <Inventor/misc/SoChildList.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QSaveFile>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -47,6 +55,9 @@ private:
     QStringList m_messages;
 };
 
+// Deeper scenes are written without indentation.
+constexpr int kMaxIndentedDepth = 100;
+
 QString tr(const char* text)
 {
     return QCoreApplication::translate("SceneDocument", text);
@@ -55,7 +66,9 @@ QString tr(const char* text)
 SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error)
 {
     ReadErrorCollector errors;
-    SoSeparator* root = SoDB::readAll(&input);
+    SoSeparator* root = nullptr;
+    // Coin's reader recurses once per level of nesting.
+    LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
     if (!root) {
         const QString reason = errors.reason();
         *error = reason.isEmpty()
@@ -70,6 +83,34 @@ SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error)
         return nullptr;
     }
     return root;
+}
+
+// Levels of nesting from root to its deepest leaf. Walked without
+// recursion, and each shared node once, so that neither depth nor sharing
+// makes it costly.
+int nestingDepth(SoNode* root)
+{
+    QHash<SoNode*, int> depths;
+    std::vector<std::pair<SoNode*, int>> pending{{root, 0}};
+    while (!pending.empty()) {
+        SoNode* const node = pending.back().first;
+        SoChildList* const children = node->getChildren();
+        const int count = children ? children->getLength() : 0;
+        const int next = pending.back().second;
+        if (next < count) {
+            ++pending.back().second;
+            SoNode* const child = (*children)[next];
+            if (!depths.contains(child))
+                pending.emplace_back(child, 0);
+            continue;
+        }
+        int deepest = 0;
+        for (int i = 0; i < count; ++i)
+            deepest = std::max(deepest, depths.value((*children)[i]));
+        depths.insert(node, deepest + 1);
+        pending.pop_back();
+    }
+    return depths.value(root);
 }
 
 } // namespace
@@ -111,6 +152,8 @@ SoSeparator* SceneDocument::readBuffer(const QByteArray& text, const QString& or
                 .arg(origin);
         return nullptr;
     }
+    if (!SceneTextCheck::acceptable(text, origin, error))
+        return nullptr;
     SoInput input;
     input.setBuffer(text.constData(), size_t(text.size()));
     return readFrom(input, origin, error);
@@ -122,20 +165,43 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, QString* error
         *error = tr("There is no scene to save.");
         return false;
     }
-    SoOutput output;
-    output.setBuffer(malloc(4096), 4096, &realloc);
-    SoWriteAction writer(&output);
-    writer.apply(root);
-    void* buffer = nullptr;
-    size_t size = 0;
-    output.getBuffer(buffer, size);
-    // Written aside and moved into place, so that a failed save never
-    // leaves half a scene where the old one was.
-    const QByteArray text(static_cast<const char*>(buffer), int(size));
-    // The buffer grew through realloc and is ours to release.
-    free(buffer);
+    QByteArray text;
+    // Coin indents each line by its level: written as it is, a scene
+    // 20,000 levels deep would take 400 MB of spaces.
+    const bool compact = nestingDepth(root) > kMaxIndentedDepth;
+    // The write action recurses once per level of the scene.
+    LargeStack::run([root, compact, &text] {
+        SoOutput output;
+        output.setBuffer(malloc(4096), 4096, &realloc);
+        output.setCompact(compact ? TRUE : FALSE);
+        SoWriteAction writer(&output);
+        writer.apply(root);
+        void* buffer = nullptr;
+        size_t size = 0;
+        output.getBuffer(buffer, size);
+        text = QByteArray(static_cast<const char*>(buffer), int(size));
+        // The buffer grew through realloc and is ours to release.
+        free(buffer);
+    });
+    // Written aside and moved into place only once it is known to read
+    // back, so that a save never leaves half a scene, or one this program
+    // cannot open again, where the old one was.
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size()) {
+        *error = tr("Cannot save \"%1\": %2").arg(path, file.errorString());
+        return false;
+    }
+    QString reason;
+    SoSeparator* again = readBuffer(text, tr("the scene as written"), &reason);
+    if (!again) {
+        file.cancelWriting();
+        *error = tr("Cannot save \"%1\": the scene would not read back, so the file was left as it was. %2")
+                     .arg(path, reason);
+        return false;
+    }
+    again->ref();
+    LargeStack::unref(again);
+    if (!file.commit()) {
         *error = tr("Cannot save \"%1\": %2").arg(path, file.errorString());
         return false;
     }

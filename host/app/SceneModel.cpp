@@ -1,5 +1,7 @@
 #include "SceneModel.h"
 
+#include "LargeStack.h"
+
 #include <Inventor/SbName.h>
 #include <Inventor/SbString.h>
 #include <Inventor/fields/SoField.h>
@@ -10,6 +12,8 @@
 #include <Inventor/sensors/SoNodeSensor.h>
 
 #include <QFont>
+
+#include <utility>
 
 namespace {
 
@@ -73,8 +77,24 @@ SceneModel::SceneModel(QObject* parent)
 SceneModel::~SceneModel()
 {
     m_sensor->detach();
-    if (m_root)
-        m_root->unref();
+    freeRows(std::move(m_top));
+    LargeStack::unref(m_root);
+}
+
+void SceneModel::freeRows(std::unique_ptr<Item> top)
+{
+    // Rows reach as deep as the scene does; freeing them through their
+    // owners would recurse once per level.
+    std::vector<std::unique_ptr<Item>> pending;
+    pending.push_back(std::move(top));
+    while (!pending.empty()) {
+        std::unique_ptr<Item> item = std::move(pending.back());
+        pending.pop_back();
+        if (!item)
+            continue;
+        for (std::unique_ptr<Item>& child : item->children)
+            pending.push_back(std::move(child));
+    }
 }
 
 void SceneModel::setRoot(SoNode* root)
@@ -83,11 +103,11 @@ void SceneModel::setRoot(SoNode* root)
     m_sensor->detach();
     m_fieldRows.clear();
     m_changed.clear();
-    m_top.reset(new Item);
+    freeRows(std::exchange(m_top, std::make_unique<Item>()));
     if (root)
         root->ref();
-    if (m_root)
-        m_root->unref();
+    // The last reference to a deep scene frees it level by level.
+    LargeStack::unref(m_root);
     m_root = root;
     if (m_root)
         m_sensor->attach(m_root);

@@ -63,6 +63,7 @@ private:
 
     Item* itemOf(const QModelIndex& index) const;
     Item* childOf(Item* parent, int row) const;
+    static void freeRows(std::unique_ptr<Item> top);
     static int fieldCount(SoNode* node);
     static int childNodeCount(SoNode* node);
     static void sceneChanged(void* data, SoSensor* sensor);

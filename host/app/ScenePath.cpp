@@ -18,6 +18,13 @@ QString tr(const char* text)
     return QCoreApplication::translate("ScenePath", text);
 }
 
+// A name as an error message shows it: long ones are cut.
+QString shown(const QString& name)
+{
+    constexpr int kShownLength = 60;
+    return name.size() > kShownLength ? name.left(kShownLength - 1) + QChar(0x2026) : name;
+}
+
 bool placesByName(SoNode* root, const QString& name, std::vector<int>* places)
 {
     SoSearchAction search;
@@ -58,13 +65,23 @@ QModelIndex ScenePath::resolve(const SceneModel& model, const QString& path, QSt
     const int dot = path.lastIndexOf(QLatin1Char('.'));
     const QString nodePart = dot < 0 ? path : path.left(dot);
     const QString fieldPart = dot < 0 ? QString() : path.mid(dot + 1);
+    const bool byPlaces = nodePart.startsWith(QLatin1Char('/'));
+    for (const QString& name : {byPlaces ? QString() : nodePart, fieldPart}) {
+        if (name.size() > kMaxNameLength) {
+            *error =
+                tr("The name \"%1\" is %2 characters long; names of more than %3 characters are refused.")
+                    .arg(shown(name))
+                    .arg(name.size())
+                    .arg(kMaxNameLength);
+            return QModelIndex();
+        }
+    }
 
     std::vector<int> places;
-    const bool found = nodePart.startsWith(QLatin1Char('/')) ? placesByNumbers(nodePart, &places)
-                                                             : placesByName(root, nodePart, &places);
+    const bool found = byPlaces ? placesByNumbers(nodePart, &places) : placesByName(root, nodePart, &places);
     const QModelIndex nodeRow = found ? model.nodeIndex(places) : QModelIndex();
     if (!nodeRow.isValid()) {
-        *error = tr("The scene has no node \"%1\".").arg(nodePart);
+        *error = tr("The scene has no node \"%1\".").arg(shown(nodePart));
         return QModelIndex();
     }
     if (fieldPart.isEmpty())
@@ -73,7 +90,7 @@ QModelIndex ScenePath::resolve(const SceneModel& model, const QString& path, QSt
     SoField* field = node->getField(SbName(fieldPart.toLatin1().constData()));
     const QModelIndex fieldRow = model.fieldIndex(nodeRow, field);
     if (!fieldRow.isValid()) {
-        *error = tr("The node \"%1\" has no field \"%2\".").arg(nodePart, fieldPart);
+        *error = tr("The node \"%1\" has no field \"%2\".").arg(shown(nodePart), shown(fieldPart));
         return QModelIndex();
     }
     return fieldRow;

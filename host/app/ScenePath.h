@@ -12,5 +12,10 @@ class SceneModel;
 class ScenePath
 {
 public:
+    // Longer node or field names are refused before they reach Coin, whose
+    // name table cannot take names of tens of thousands of characters. No
+    // name a scene holds comes near it.
+    static constexpr int kMaxNameLength = 1024;
+
     static QModelIndex resolve(const SceneModel& model, const QString& path, QString* error);
 };

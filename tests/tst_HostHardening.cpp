@@ -1,0 +1,277 @@
+// Scene files and selections that used to bring kalhost down: numbers too
+// long for Coin's reader, scenes nested deeper than a thread's stack, names
+// too long for Coin's name table, and a save that would have replaced a good
+// file with one that does not read back.
+#include <KalFieldSampler.h>
+#include <KalHostWindow.h>
+#include <KalShell.h>
+#include <SceneDocument.h>
+#include <SceneModel.h>
+#include <ScenePath.h>
+#include <SceneTextCheck.h>
+#include <SoKalExtensions.h>
+
+#include <Inventor/Qt/SoQt.h>
+#include <Inventor/SoDB.h>
+#include <Inventor/fields/SoSFFloat.h>
+#include <Inventor/nodes/SoNode.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QDir>
+#include <QFile>
+#include <QMainWindow>
+#include <QTemporaryDir>
+#include <QTreeView>
+#include <QtTest>
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), qint64(bytes.size()));
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Groups nested levels deep around a cube.
+QByteArray nestedGroups(int levels)
+{
+    QByteArray text("#Inventor V2.1 ascii\n");
+    text.reserve(text.size() + levels * 10 + 32);
+    for (int i = 0; i < levels; ++i)
+        text += "Group {\n";
+    text += "Cube { width 3 }\n";
+    for (int i = 0; i < levels; ++i)
+        text += "}\n";
+    return text;
+}
+
+// The child places of the cube in nestedGroups(levels), from the root
+// separator the reader puts around a file's nodes.
+QString cubePlaces(int levels)
+{
+    QString places;
+    for (int i = 0; i <= levels; ++i)
+        places += QStringLiteral("/0");
+    return places;
+}
+
+} // namespace
+
+class tst_HostHardening : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void longNumbersAreRefused_data();
+    void longNumbersAreRefused();
+    void numbersInStringsAndCommentsAreLeftAlone();
+    void binaryFilesAreNotScanned();
+    void deepScenesOpenEditSaveAndClose();
+    void deeperThanTheLargeStackIsRefused();
+    void overlongNamesAreRefused_data();
+    void overlongNamesAreRefused();
+    void saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack();
+
+private:
+    std::unique_ptr<KalHostWindow> m_host;
+    QTemporaryDir m_dir;
+};
+
+void tst_HostHardening::initTestCase()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    SoDB::init();
+    SoKalExtensions::init();
+    KalFieldSampler::initClass();
+    SoQt::init(KalShell::getInstance()->getMainWindow());
+    QVERIFY(m_dir.isValid());
+}
+
+void tst_HostHardening::init()
+{
+    KalHostWindow::Options options;
+    options.interactive = false;
+    options.view = false;
+    m_host.reset(new KalHostWindow(options));
+    m_host->openSample();
+}
+
+void tst_HostHardening::cleanup()
+{
+    m_host.reset();
+}
+
+void tst_HostHardening::longNumbersAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QByteArray>("node");
+    // Each of these overran a buffer in Coin's reader and aborted kalhost.
+    QTest::newRow("SFInt32 of 600 digits") << QByteArray(600, '7') << QByteArray("Switch { whichChild ");
+    QTest::newRow("SFFloat of 5,000 digits")
+        << "0." + QByteArray(5000, '5') << QByteArray("Complexity { value ");
+    QTest::newRow("hexadecimal of 300 digits")
+        << "0x" + QByteArray(300, 'f') << QByteArray("Switch { whichChild ");
+    QTest::newRow("just over the limit")
+        << QByteArray(SceneTextCheck::kMaxNumberLength + 1, '1') << QByteArray("Switch { whichChild ");
+}
+
+void tst_HostHardening::longNumbersAreRefused()
+{
+    QFETCH(QByteArray, value);
+    QFETCH(QByteArray, node);
+    const QString path = m_dir.filePath(QStringLiteral("long-number.iv"));
+    writeFile(path, "#Inventor V2.1 ascii\nSeparator {\n  " + node + value + " }\n}\n");
+    SoNode* before = m_host->model()->root();
+    QVERIFY(!m_host->openScene(path));
+    QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(QLatin1String("line 3 holds a number of more than 256 characters")),
+             qPrintable(m_host->lastError()));
+    QCOMPARE(m_host->model()->root(), before);
+}
+
+void tst_HostHardening::numbersInStringsAndCommentsAreLeftAlone()
+{
+    // Long digit runs inside quotes are text, and in comments nothing at
+    // all; neither reaches the number reader. The longest number allowed
+    // reads as any other.
+    const QByteArray digits(2000, '9');
+    const QString path = m_dir.filePath(QStringLiteral("long-text.iv"));
+    writeFile(path, "#Inventor V2.1 ascii\n# " + digits + "\nSeparator {\n  DEF LongText Info { string \"" +
+                        digits + "\\\" " + digits + "\" }\n  Complexity { value 0." +
+                        QByteArray(SceneTextCheck::kMaxNumberLength - 2, '0') + " }\n}\n");
+    QVERIFY2(m_host->openScene(path), qPrintable(m_host->lastError()));
+    QVERIFY(m_host->select(QStringLiteral("LongText.string")));
+    QCOMPARE(m_host->model()->data(m_host->tree()->currentIndex().siblingAtColumn(SceneModel::TypeColumn)),
+             QVariant(QStringLiteral("SFString")));
+}
+
+void tst_HostHardening::binaryFilesAreNotScanned()
+{
+    // Bytes of a binary file are no text; any run of them may look like a
+    // long number.
+    const QByteArray binary = "#Inventor V2.1 binary  \n" + QByteArray(1000, '1');
+    QString error;
+    QVERIFY(SceneTextCheck::acceptable(binary, QStringLiteral("binary.iv"), &error));
+    QVERIFY(error.isEmpty());
+    QVERIFY(!SceneTextCheck::acceptable("#Inventor V2.1 ascii\n" + QByteArray(1000, '1'),
+                                        QStringLiteral("ascii.iv"), &error));
+}
+
+void tst_HostHardening::deepScenesOpenEditSaveAndClose()
+{
+    // 20,000 levels overflowed the GUI thread's stack while Coin read them,
+    // wrote them and freed them.
+    constexpr int kLevels = 20000;
+    const QString path = m_dir.filePath(QStringLiteral("deep.iv"));
+    writeFile(path, nestedGroups(kLevels));
+    QVERIFY2(m_host->openScene(path), qPrintable(m_host->lastError()));
+
+    // The deepest field, reached by places as --select does, and changed:
+    // the change is noticed up through every level.
+    QVERIFY2(m_host->select(cubePlaces(kLevels) + QStringLiteral(".width")), qPrintable(m_host->lastError()));
+    SoField* width = m_host->model()->field(m_host->tree()->currentIndex());
+    QVERIFY(width);
+    QCOMPARE(static_cast<SoSFFloat*>(width)->getValue(), 3.0f);
+    static_cast<SoSFFloat*>(width)->setValue(5.0f);
+    QVERIFY(m_host->isModified());
+
+    const QString saved = m_dir.filePath(QStringLiteral("deep-saved.iv"));
+    QVERIFY2(m_host->saveScene(saved), qPrintable(m_host->lastError()));
+    // Written without indentation, which at this depth would be most of
+    // the file, and hundreds of megabytes of it.
+    QVERIFY(QFileInfo(saved).size() < 1024 * 1024);
+    QVERIFY2(m_host->openScene(saved), qPrintable(m_host->lastError()));
+    QVERIFY(m_host->select(cubePlaces(kLevels) + QStringLiteral(".width")));
+    QCOMPARE(static_cast<SoSFFloat*>(m_host->model()->field(m_host->tree()->currentIndex()))->getValue(),
+             5.0f);
+
+    // Replacing the scene frees all 20,000 levels.
+    m_host->openSample();
+    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
+}
+
+void tst_HostHardening::deeperThanTheLargeStackIsRefused()
+{
+    const QString path = m_dir.filePath(QStringLiteral("deepest.iv"));
+    writeFile(path, nestedGroups(SceneTextCheck::kMaxDepth + 1));
+    SoNode* before = m_host->model()->root();
+    QVERIFY(!m_host->openScene(path));
+    QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(
+                 QStringLiteral("nests the scene more than %1 levels deep").arg(SceneTextCheck::kMaxDepth)),
+             qPrintable(m_host->lastError()));
+    QCOMPARE(m_host->model()->root(), before);
+}
+
+void tst_HostHardening::overlongNamesAreRefused_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<bool>("refused");
+    const QString longName(70000, QLatin1Char('A'));
+    QTest::newRow("node name of 70,000") << longName << true;
+    QTest::newRow("node name of 70,000, with a field") << longName + QStringLiteral(".opacity") << true;
+    QTest::newRow("field name of 70,000") << QStringLiteral("Sampler.") + longName << true;
+    QTest::newRow("field name of 70,000 by places") << QStringLiteral("/0.") + longName << true;
+    QTest::newRow("just over the limit")
+        << QString(ScenePath::kMaxNameLength + 1, QLatin1Char('N')) + QStringLiteral(".value") << true;
+    // At the limit the name is looked for, and not found.
+    QTest::newRow("at the limit") << QString(ScenePath::kMaxNameLength, QLatin1Char('N')) << false;
+}
+
+void tst_HostHardening::overlongNamesAreRefused()
+{
+    QFETCH(QString, path);
+    QFETCH(bool, refused);
+    QVERIFY(!m_host->select(path));
+    const QString error = m_host->lastError();
+    QCOMPARE(error.contains(QStringLiteral("names of more than 1024 characters are refused")), refused);
+    // The message shows the start of the name, not all of it.
+    QVERIFY2(error.size() < 300, qPrintable(error.left(300)));
+    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
+}
+
+void tst_HostHardening::saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack()
+{
+    const QString path = m_dir.filePath(QStringLiteral("good.iv"));
+    QVERIFY(m_host->saveScene(path));
+    const QByteArray good = readFile(path);
+    QVERIFY(!good.isEmpty());
+
+    // Coin writes a float that is not a number as "nan", which it cannot
+    // read back.
+    QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
+    auto* opacity = static_cast<SoSFFloat*>(m_host->model()->field(m_host->tree()->currentIndex()));
+    opacity->setValue(std::nanf(""));
+    QVERIFY(!m_host->saveScene(path));
+    QVERIFY2(m_host->lastError().contains(QStringLiteral("Cannot save \"%1\"").arg(path)),
+             qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(QLatin1String("would not read back")),
+             qPrintable(m_host->lastError()));
+    QCOMPARE(readFile(path), good);
+    QVERIFY(m_host->isModified());
+    // Nothing written aside is left behind.
+    QCOMPARE(QDir(m_dir.path()).entryList({QStringLiteral("good.iv*")}, QDir::Files),
+             QStringList{QStringLiteral("good.iv")});
+    QCOMPARE(m_host->scenePath(), path);
+
+    opacity->setValue(0.5f);
+    QVERIFY2(m_host->saveScene(path), qPrintable(m_host->lastError()));
+    QVERIFY(readFile(path) != good);
+}
+
+QTEST_MAIN(tst_HostHardening)
+#include "tst_HostHardening.moc"

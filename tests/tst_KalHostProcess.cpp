@@ -197,7 +197,7 @@ void tst_KalHostProcess::brokenProfileFileIsSaid()
     file.write("{ \"profiles\": [ ");
     file.close();
     const Run run = kalhost({QStringLiteral("--profiles"), path, QStringLiteral("--list-extensions")});
-    QCOMPARE(run.code, 0);
+    QCOMPARE(run.code, 1);
     QVERIFY2(run.err.contains(QStringLiteral("is not valid JSON")), qPrintable(run.err));
 }
 

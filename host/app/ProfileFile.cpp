@@ -54,6 +54,95 @@ std::vector<KalExtension*> chosen(const std::vector<KalExtension*>& all, bool ed
     return picked;
 }
 
+// What a JSON value is, in the words of a message about a wrong one.
+QString kindOf(const QJsonValue& value)
+{
+    switch (value.type()) {
+    case QJsonValue::Null:
+        return tr("null");
+    case QJsonValue::Bool:
+        return tr("true or false");
+    case QJsonValue::Double:
+        return tr("a number");
+    case QJsonValue::String:
+        return tr("the text \"%1\"").arg(value.toString());
+    case QJsonValue::Array:
+        return tr("a list");
+    case QJsonValue::Object:
+        return tr("an object");
+    default:
+        return tr("nothing");
+    }
+}
+
+// A list of names may be left out or be "*"; anything else in its place
+// would otherwise read as an empty list and switch everything off.
+void checkNames(const QJsonObject& description, const QString& key, const QString& where,
+                QStringList* problems)
+{
+    const QJsonValue names = description.value(key);
+    if (names.isUndefined() || names == QJsonValue(QStringLiteral("*")))
+        return;
+    if (!names.isArray()) {
+        *problems
+            << tr("%1: \"%2\" should be a list of names or \"*\", not %3.").arg(where, key, kindOf(names));
+        return;
+    }
+    const QJsonArray list = names.toArray();
+    for (int i = 0; i < list.size(); ++i) {
+        if (!list.at(i).isString())
+            *problems << tr("%1: entry %2 of \"%3\" should be a name, not %4.")
+                             .arg(where)
+                             .arg(i + 1)
+                             .arg(key, kindOf(list.at(i)));
+    }
+}
+
+// Everything wrong with the file's shape, one line each; the file is used
+// only when there is nothing.
+QStringList problemsOf(const QJsonObject& top)
+{
+    QStringList problems;
+    const QJsonValue profiles = top.value(QStringLiteral("profiles"));
+    if (profiles.isUndefined()) {
+        problems << tr("there is no \"profiles\" list.");
+        return problems;
+    }
+    if (!profiles.isArray()) {
+        problems << tr("\"profiles\" should be a list of profiles, not %1.").arg(kindOf(profiles));
+        return problems;
+    }
+    const QJsonValue active = top.value(QStringLiteral("active"));
+    if (!active.isUndefined() && !active.isString())
+        problems << tr("\"active\" should be the name of a profile, not %1.").arg(kindOf(active));
+    QStringList names;
+    for (const KalProfile* held : KalPluginsManager::getInstance()->getProfilesList())
+        names << QString::fromUtf8(held->getName().getString());
+    const QJsonArray list = profiles.toArray();
+    for (int i = 0; i < list.size(); ++i) {
+        QString where = tr("profile %1").arg(i + 1);
+        if (!list.at(i).isObject()) {
+            problems << tr("%1 should be an object, not %2.").arg(where, kindOf(list.at(i)));
+            continue;
+        }
+        const QJsonObject description = list.at(i).toObject();
+        const QJsonValue name = description.value(QStringLiteral("name"));
+        if (name.isUndefined()) {
+            problems << tr("%1 has no \"name\".").arg(where);
+        } else if (!name.isString() || name.toString().isEmpty()) {
+            problems << tr("%1 should have a name, not %2.").arg(where, kindOf(name));
+        } else {
+            where = tr("profile %1 (\"%2\")").arg(i + 1).arg(name.toString());
+            if (names.contains(name.toString()))
+                problems << tr("%1: there is already a profile of that name.").arg(where);
+            names << name.toString();
+        }
+        checkNames(description, QStringLiteral("extensions"), where, &problems);
+        checkNames(description, QStringLiteral("editors"), where, &problems);
+    }
+    return problems;
+}
+
 } // namespace
 
 bool ProfileFile::load(const QString& path, const std::vector<KalExtension*>& all, QString* active,
@@ -72,23 +161,28 @@ bool ProfileFile::load(const QString& path, const std::vector<KalExtension*>& al
                      .arg(parseError.offset);
         return false;
     }
-    const QJsonObject top = document.object();
-    if (!top.value(QStringLiteral("profiles")).isArray()) {
-        *error = tr("The profile file \"%1\" has no \"profiles\" list.").arg(path);
+    if (!document.isObject()) {
+        *error = tr("The profile file \"%1\" should hold an object with a \"profiles\" list.").arg(path);
         return false;
     }
+    const QJsonObject top = document.object();
+    const QStringList problems = problemsOf(top);
+    if (!problems.isEmpty()) {
+        QStringList lines;
+        for (const QString& problem : problems)
+            lines << tr("The profile file \"%1\": %2").arg(path, problem);
+        *error = lines.join(QLatin1Char('\n'));
+        return false;
+    }
+    QStringList unknown;
     KalPluginsManager* manager = KalPluginsManager::getInstance();
     for (const QJsonValue& entry : top.value(QStringLiteral("profiles")).toArray()) {
         const QJsonObject description = entry.toObject();
         const QString name = description.value(QStringLiteral("name")).toString();
-        if (name.isEmpty()) {
-            *warnings << tr("A profile without a name was skipped.");
-            continue;
-        }
         const std::vector<KalExtension*> extensions =
-            chosen(all, false, description.value(QStringLiteral("extensions")), name, warnings);
+            chosen(all, false, description.value(QStringLiteral("extensions")), name, &unknown);
         const std::vector<KalExtension*> editors =
-            chosen(all, true, description.value(QStringLiteral("editors")), name, warnings);
+            chosen(all, true, description.value(QStringLiteral("editors")), name, &unknown);
         auto* profile = new KalProfile(SbString(name.toUtf8().constData()));
         KalProfileSetting* root = profile->getSetting();
         for (KalExtension* editor : editors)
@@ -103,6 +197,8 @@ bool ProfileFile::load(const QString& path, const std::vector<KalExtension*>& al
         }
         manager->addProfile(profile);
     }
+    for (const QString& warning : unknown)
+        *warnings << tr("The profile file \"%1\": %2").arg(path, warning);
     *active = top.value(QStringLiteral("active")).toString();
     return true;
 }

@@ -14,10 +14,14 @@ class KalExtension;
 class ProfileFile
 {
 public:
-    // Adds the file's profiles to the host. False, with the reason, when the
-    // file cannot be used at all; names it does not know are reported in
-    // *warnings and skipped. *active is the profile the file asks to start
-    // with, if any.
+    // Adds the file's profiles to the host. False, with the reasons (one a
+    // line, each naming the file), when the file cannot be read or is not
+    // made as described: a value of the wrong kind, a profile without a
+    // name, or two of one name. Nothing is added then, since a half-read
+    // file would start the host with profiles other than the ones meant.
+    // Extension and editor names it does not know are reported in *warnings
+    // and skipped. *active is the profile the file asks to start with, if
+    // any.
     static bool load(const QString& path, const std::vector<KalExtension*>& extensions, QString* active,
                      QStringList* warnings, QString* error);
 };

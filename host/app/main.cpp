@@ -21,6 +21,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QDir>
 #include <QMainWindow>
 #include <QTextStream>
@@ -50,6 +51,87 @@ std::vector<char*> argumentsForQt(int argc, char** argv)
     return kept;
 }
 
+QString defaultPluginPath()
+{
+    const QString beside = QDir(QCoreApplication::applicationDirPath())
+                               .filePath(QStringLiteral("../lib/" KAL_DEFAULT_PLUGIN_NAME));
+    return QDir::cleanPath(beside);
+}
+
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("kalhost"));
+    QCoreApplication::setOrganizationName(QStringLiteral("KalDefaults"));
+    QCoreApplication::setApplicationVersion(QStringLiteral("1.0.0"));
+}
+
+// Everything kalhost understands on its command line.
+struct CommandLine
+{
+    explicit CommandLine(const QString& defaultPlugin)
+        : plugin(QStringLiteral("plugin"), QStringLiteral("The plug-in library to load."),
+                 QStringLiteral("PATH"), defaultPlugin)
+        , profiles(QStringLiteral("profiles"), QStringLiteral("A JSON file of profiles (see the README)."),
+                   QStringLiteral("FILE"))
+        , profile(QStringLiteral("profile"), QStringLiteral("The profile to start with."),
+                  QStringLiteral("NAME"))
+        , select(QStringLiteral("select"),
+                 QStringLiteral("Select a node or field at start: Material.diffuseColor (by node name) or "
+                                "/0/3.diffuseColor (by child places from the root)."),
+                 QStringLiteral("PATH"))
+        , screenshot(QStringLiteral("screenshot"),
+                     QStringLiteral("Write a PNG of the main window once it is idle."),
+                     QStringLiteral("FILE"))
+        , quit(QStringLiteral("quit"), QStringLiteral("Exit after the screenshot."))
+        , list(QStringLiteral("list-extensions"),
+               QStringLiteral("Print the extensions the plug-in registers."))
+        , noView(QStringLiteral("no-view"), QStringLiteral("Do without the 3D view."))
+        , tour(QStringLiteral("tour"),
+               QStringLiteral("Take the scripted demo tour, screenshots into DIR, then exit."),
+               QStringLiteral("DIR"))
+    {
+        parser.setApplicationDescription(QStringLiteral(
+            "Kalibra stand-in host: opens a scene (the built-in sample when none is given), loads the "
+            "field-editing plug-in, and lets you select, edit, undo and save."));
+        parser.addHelpOption();
+        parser.addVersionOption();
+        parser.addPositionalArgument(QStringLiteral("scene"), QStringLiteral("The scene file to open (.iv)."),
+                                     QStringLiteral("[SCENE.iv]"));
+        parser.addOptions({plugin, profiles, profile, select, screenshot, quit, list, noView, tour});
+    }
+
+    // Only the listing is wanted: nothing is shown.
+    bool listsOnly() const { return parser.isSet(list) && !parser.isSet(screenshot) && !parser.isSet(tour); }
+
+    QCommandLineParser parser;
+    QCommandLineOption plugin;
+    QCommandLineOption profiles;
+    QCommandLineOption profile;
+    QCommandLineOption select;
+    QCommandLineOption screenshot;
+    QCommandLineOption quit;
+    QCommandLineOption list;
+    QCommandLineOption noView;
+    QCommandLineOption tour;
+};
+
+// Whether the person chose a window system platform that can start.
+bool platformChosen()
+{
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (platform.isEmpty())
+        return false;
+    // An X platform without an X server to reach cannot start at all.
+    return !(platform.startsWith("xcb") && qEnvironmentVariableIsEmpty("DISPLAY"));
+}
+
+void printLines(QTextStream& stream, const QString& text)
+{
+    for (const QString& line : text.split(QLatin1Char('\n')))
+        stream << "kalhost: " << line << '\n';
+    stream.flush();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -57,48 +139,39 @@ int main(int argc, char** argv)
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
+    {
+        // Help, the version and mistakes on the command line need no
+        // window system, and must work where there is none.
+        CommandLine early{QString()};
+        if (!early.parser.parse(arguments) || early.parser.isSet(QStringLiteral("help")) ||
+            early.parser.isSet(QStringLiteral("help-all")) || early.parser.isSet(QStringLiteral("version"))) {
+            QCoreApplication app(argc, argv);
+            nameApplication();
+            CommandLine commandLine(defaultPluginPath());
+            commandLine.parser.process(arguments);
+            return 0;
+        }
+        // The listing builds the plug-in's widgets but shows none of them,
+        // so it does not need a display either.
+        if (early.listsOnly() && !platformChosen())
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     std::vector<char*> qtArguments = argumentsForQt(argc, argv);
     int qtArgc = int(qtArguments.size()) - 1;
     QApplication app(qtArgc, qtArguments.data());
-    QApplication::setApplicationName(QStringLiteral("kalhost"));
-    QApplication::setOrganizationName(QStringLiteral("KalDefaults"));
-    QApplication::setApplicationVersion(QStringLiteral("1.0.0"));
+    nameApplication();
 
-    QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Kalibra stand-in host: opens a scene (the built-in sample when none is given), loads the "
-        "field-editing plug-in, and lets you select, edit, undo and save."));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("scene"), QStringLiteral("The scene file to open (.iv)."),
-                                 QStringLiteral("[SCENE.iv]"));
-    const QString defaultPlugin =
-        QDir(QApplication::applicationDirPath()).filePath(QStringLiteral("../lib/" KAL_DEFAULT_PLUGIN_NAME));
-    QCommandLineOption pluginOption(QStringLiteral("plugin"), QStringLiteral("The plug-in library to load."),
-                                    QStringLiteral("PATH"), QDir::cleanPath(defaultPlugin));
-    QCommandLineOption profilesOption(QStringLiteral("profiles"),
-                                      QStringLiteral("A JSON file of profiles (see the README)."),
-                                      QStringLiteral("FILE"));
-    QCommandLineOption profileOption(QStringLiteral("profile"), QStringLiteral("The profile to start with."),
-                                     QStringLiteral("NAME"));
-    QCommandLineOption selectOption(
-        QStringLiteral("select"),
-        QStringLiteral("Select a node or field at start: Material.diffuseColor (by node name) or "
-                       "/0/3.diffuseColor (by child places from the root)."),
-        QStringLiteral("PATH"));
-    QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
-                                        QStringLiteral("Write a PNG of the main window once it is idle."),
-                                        QStringLiteral("FILE"));
-    QCommandLineOption quitOption(QStringLiteral("quit"), QStringLiteral("Exit after the screenshot."));
-    QCommandLineOption listOption(QStringLiteral("list-extensions"),
-                                  QStringLiteral("Print the extensions the plug-in registers."));
-    QCommandLineOption noViewOption(QStringLiteral("no-view"), QStringLiteral("Do without the 3D view."));
-    QCommandLineOption tourOption(
-        QStringLiteral("tour"),
-        QStringLiteral("Take the scripted demo tour, screenshots into DIR, then exit."),
-        QStringLiteral("DIR"));
-    parser.addOptions({pluginOption, profilesOption, profileOption, selectOption, screenshotOption,
-                       quitOption, listOption, noViewOption, tourOption});
+    CommandLine commandLine(defaultPluginPath());
+    QCommandLineParser& parser = commandLine.parser;
+    const QCommandLineOption& pluginOption = commandLine.plugin;
+    const QCommandLineOption& profilesOption = commandLine.profiles;
+    const QCommandLineOption& profileOption = commandLine.profile;
+    const QCommandLineOption& selectOption = commandLine.select;
+    const QCommandLineOption& screenshotOption = commandLine.screenshot;
+    const QCommandLineOption& quitOption = commandLine.quit;
+    const QCommandLineOption& listOption = commandLine.list;
+    const QCommandLineOption& noViewOption = commandLine.noView;
+    const QCommandLineOption& tourOption = commandLine.tour;
     parser.process(arguments);
 
     QTextStream out(stdout);
@@ -142,31 +215,50 @@ int main(int argc, char** argv)
         out.flush();
     }
 
+    // A profile file or profile that cannot be used ends the run: starting
+    // with other profiles than the ones asked for would pass unnoticed.
+    bool profilesUsable = true;
     QString activeProfile = parser.value(profileOption);
+    QString activeFrom;
     if (plugin && parser.isSet(profilesOption)) {
         QString fromFile;
         QStringList warnings;
         QString error;
         if (!ProfileFile::load(parser.value(profilesOption), plugin->getExtensions(), &fromFile, &warnings,
-                               &error))
-            err << "kalhost: " << error << '\n';
+                               &error)) {
+            printLines(err, error);
+            profilesUsable = false;
+        }
         for (const QString& warning : warnings)
             err << "kalhost: " << warning << '\n';
-        if (activeProfile.isEmpty())
+        if (activeProfile.isEmpty() && !fromFile.isEmpty()) {
             activeProfile = fromFile;
+            activeFrom = parser.value(profilesOption);
+        }
     }
-    if (!activeProfile.isEmpty()) {
+    if (profilesUsable && !activeProfile.isEmpty()) {
         KalProfile* wanted = nullptr;
         for (KalProfile* profile : manager->getProfilesList()) {
             if (QString::fromUtf8(profile->getName().getString()) == activeProfile)
                 wanted = profile;
         }
-        if (wanted)
+        if (wanted) {
             manager->setActiveProfile(wanted);
-        else
-            err << "kalhost: there is no profile \"" << activeProfile << "\".\n";
+        } else {
+            if (activeFrom.isEmpty())
+                err << "kalhost: there is no profile \"" << activeProfile << "\".\n";
+            else
+                err << "kalhost: the profile file \"" << activeFrom << "\" starts with the profile \""
+                    << activeProfile << "\", which it does not hold.\n";
+            profilesUsable = false;
+        }
     }
     err.flush();
+    if (!profilesUsable) {
+        delete host;
+        manager->unloadAll();
+        return 1;
+    }
     host->refreshProfilesMenu();
     host->arrangeDocks();
 
@@ -214,7 +306,8 @@ int main(int argc, char** argv)
         // Leave once the window has been painted: a start-up that is
         // complete, and what the start-up benchmark times.
         auto* painted = new FirstPaintWatcher(mainWindow);
-        QObject::connect(painted, &FirstPaintWatcher::painted, &app, &QApplication::quit, Qt::QueuedConnection);
+        QObject::connect(painted, &FirstPaintWatcher::painted, &app, &QApplication::quit,
+                         Qt::QueuedConnection);
     }
 
     const int loopStatus = QApplication::exec();

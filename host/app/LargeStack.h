@@ -8,7 +8,7 @@ class SoBase;
 // writing, releasing a scene) on a thread with a stack large enough for
 // scenes nested tens of thousands of levels deep, and waits for it. Coin's
 // readers, actions and destructors recurse on the caller's stack, and the
-// GUI thread's 8 MiB give out near 15,000 levels.
+// GUI thread's 8 MiB gave out reading 20,000 levels (10,000 were fine).
 class LargeStack
 {
 public:

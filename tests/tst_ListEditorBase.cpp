@@ -15,6 +15,7 @@
 
 #include <Inventor/SoDB.h>
 
+#include <QPointer>
 #include <QScrollBar>
 
 using namespace ListEditorTesting;
@@ -85,6 +86,7 @@ private slots:
     void unchangedCountOnlyRepaints();
     void refreshDisabledChangesNothing();
     void deactivatedEditorKeepsNoRows();
+    void longListTableIsReplacedWhenHidden();
 
     void nodeDeletedWhileShown();
     void undoAfterTheNodeIsGone();
@@ -504,6 +506,45 @@ void tst_ListEditorBase::deactivatedEditorKeepsNoRows()
     m_node->mfFloat.set1Value(5, 1.0f);
     processSensors();
     QCOMPARE(shown->rowCount(), 0);
+}
+
+// A table emptied keeps what its rows took; one that showed a long list is
+// replaced by a fresh one that works as the old did.
+void tst_ListEditorBase::longListTableIsReplacedWhenHidden()
+{
+    QStringList many;
+    for (int i = 0; i <= FxMFieldWidget::keptRowsLimit; ++i)
+        many << QString::number(i);
+    fill(m_node->mfString, many);
+    select(&m_node->mfString);
+    QPointer<FxMFieldTable> first = table();
+    QCOMPARE(first->rowCount(), many.size());
+    select(&m_node->mfFloat);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(first.isNull());
+    select(&m_node->mfString);
+    FxMFieldTable* second = table();
+    QVERIFY(second);
+    QCOMPARE(second->rowCount(), many.size());
+    QCOMPARE(second->columnCount(), 1);
+    QCOMPARE(second->minimumHeight(), first.isNull() ? second->minimumHeight() : -1);
+    // The buttons and the box drive the new table.
+    clickCell(1);
+    click("m_addButton");
+    QCOMPARE(m_node->mfString.getNum(), many.size() + 1);
+    QCOMPARE(QString::fromUtf8(m_node->mfString[2].getString()), QString());
+    accessBox()->setValue(10);
+    QCOMPARE(second->currentRow(), 10);
+
+    // A float list's table keeps its value kind and span through it.
+    m_node->mfFloat.setNum(FxMFieldWidget::keptRowsLimit + 1);
+    select(&m_node->mfFloat);
+    const int kind = table()->getDelegate()->getValueKind();
+    const bool bounded = table()->getDelegate()->isBounded();
+    select(&m_node->mfString);
+    select(&m_node->mfFloat);
+    QCOMPARE(table()->getDelegate()->getValueKind(), kind);
+    QCOMPARE(table()->getDelegate()->isBounded(), bounded);
 }
 
 void tst_ListEditorBase::nodeDeletedWhileShown()

@@ -46,6 +46,22 @@ SoMField* FxMFieldTable::field() const
     return m_fieldWidget ? m_fieldWidget->getField() : nullptr;
 }
 
+void FxMFieldTable::copySettingsFrom(const FxMFieldTable& other)
+{
+    setColumnCount(other.columnCount());
+    for (int column = 0; column < other.columnCount(); ++column) {
+        if (const QTableWidgetItem* header = other.horizontalHeaderItem(column))
+            setHorizontalHeaderItem(column, header->clone());
+        horizontalHeader()->setSectionResizeMode(column, other.horizontalHeader()->sectionResizeMode(column));
+    }
+    const FxMFieldTableItemDelegate* settings = other.getDelegate();
+    m_delegate->setValueKind(settings->getValueKind());
+    m_delegate->setIntRange(settings->intMinimum(), settings->intMaximum());
+    m_delegate->setRealRange(settings->realMinimum(), settings->realMaximum());
+    m_delegate->setBounded(settings->isBounded());
+    setMinimumHeight(other.minimumHeight());
+}
+
 void FxMFieldTable::setValueKind(int kind)
 {
     m_delegate->setValueKind(kind);

@@ -24,6 +24,10 @@ public:
     void setIntRange(int min, int max);
     void setBounded(bool bounded);
 
+    // Takes over another table's columns, headers and value settings: what
+    // a concrete editor configured, without the other's rows.
+    void copySettingsFrom(const FxMFieldTable& other);
+
     FxMFieldTableItemDelegate* getDelegate() const { return m_delegate; }
     FxMFieldWidget* getFieldWidget() const { return m_fieldWidget; }
     bool isMultiSelect() const { return m_multiSelect; }

@@ -173,24 +173,51 @@ void FxMFieldWidget::createWidget()
     m_globalLayout->addWidget(m_table, 2, 2);
     m_table->setMinimumHeight(metric("MFTableMinHeightWin"));
 
-    connect(m_upButton, SIGNAL(clicked()), m_table, SLOT(swapUpRow()));
-    connect(m_downButton, SIGNAL(clicked()), m_table, SLOT(swapDownRow()));
-    connect(m_deleteButton, SIGNAL(clicked()), m_table, SLOT(deleteRow()));
-    connect(m_addButton, SIGNAL(clicked()), m_table, SLOT(addRow()));
-    connect(m_accessBox, SIGNAL(valueChanged(int)), m_table, SLOT(showTableRow(int)));
+    connectTable();
     connect(m_ignoreButton, SIGNAL(released()), this, SLOT(ignoreButtonStateChanged()));
     connect(m_defaultButton, SIGNAL(clicked()), this, SLOT(setDefaultFieldValue()));
 
     languageChange();
 }
 
+void FxMFieldWidget::connectTable()
+{
+    connect(m_upButton, SIGNAL(clicked()), m_table, SLOT(swapUpRow()));
+    connect(m_downButton, SIGNAL(clicked()), m_table, SLOT(swapDownRow()));
+    connect(m_deleteButton, SIGNAL(clicked()), m_table, SLOT(deleteRow()));
+    connect(m_addButton, SIGNAL(clicked()), m_table, SLOT(addRow()));
+    connect(m_accessBox, SIGNAL(valueChanged(int)), m_table, SLOT(showTableRow(int)));
+}
+
 void FxMFieldWidget::deactivate()
 {
     KalFieldEditors::deactivate();
-    // A hidden editor keeps no rows: a list of a million values would
-    // otherwise hold the table's row bookkeeping until the next list.
-    if (m_table)
+    releaseTableRows();
+}
+
+// A hidden editor keeps no rows. Emptying a table does not give back what
+// its rows took (a million rows hold some 24 MB of bookkeeping in the model
+// and the header), so a table that held a long list is replaced.
+void FxMFieldWidget::releaseTableRows()
+{
+    if (!m_table)
+        return;
+    if (m_table->rowCount() <= keptRowsLimit || !m_globalLayout) {
         m_table->setNumRows(0);
+        return;
+    }
+    FxMFieldTable* old = m_table;
+    m_table = new FxMFieldTable(this, frame, "m_table");
+    m_table->copySettingsFrom(*old);
+    m_globalLayout->replaceWidget(old, m_table);
+    connectTable();
+    m_table->setNumRows(0);
+    // The old table may be on the call stack (a key press that changed the
+    // selection); it goes when control is back in the event loop.
+    old->setObjectName(QString());
+    old->hide();
+    old->disconnect();
+    old->deleteLater();
 }
 
 void FxMFieldWidget::languageChange()

@@ -25,6 +25,10 @@ class FxMFieldWidget : public KalFieldEditors
     Q_DISABLE_COPY(FxMFieldWidget)
 
 public:
+    // Above this many rows, a table is replaced rather than emptied when its
+    // editor is hidden.
+    static constexpr int keptRowsLimit = 4096;
+
     explicit FxMFieldWidget(const char* name = nullptr);
     ~FxMFieldWidget() override;
 
@@ -93,4 +97,10 @@ protected:
     QPixmap m_defaultIcon;
     QPixmap m_ignoreIcon;
     bool m_refreshEnabled = true;
+
+private:
+    void connectTable();
+    // A table keeps the bookkeeping of the most rows it ever had, even when
+    // emptied; after a long list it is replaced by a fresh one.
+    void releaseTableRows();
 };

@@ -24,6 +24,10 @@
 #include <QIntValidator>
 #include <QLineEdit>
 
+#include <cmath>
+#include <limits>
+#include <random>
+
 using namespace ListEditorTesting;
 
 namespace {
@@ -96,6 +100,7 @@ private slots:
     void unsignedValidators_data();
     void unsignedValidators();
     void noTextOutsideTheValues();
+    void realCellsShowCoinsOwnText();
     void longTextsShowTheirHead_data();
     void longTextsShowTheirHead();
     void onlyCellsOnScreenAreAsked();
@@ -424,6 +429,48 @@ void tst_ListEditorCells::noTextOutsideTheValues()
     QVERIFY(editor->getValueText(3, 0).isNull());
     QVERIFY(editor->getValueText(-1, 0).isNull());
     QCOMPARE(editor->getValueAlignment(), int(Qt::AlignCenter));
+}
+
+// The real lists make their cell texts without Coin's output stream; they
+// must read exactly as Coin writes the values, in any locale.
+void tst_ListEditorCells::realCellsShowCoinsOwnText()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const float specialFloats[] = {
+        0.0f,  -0.0f, 0.5f,         0.6f,  1e-45f,          3.4028235e38f,
+        -1.0f, 1e7f,  123456789.0f, 1e-5f, -8.0005018e-05f, std::numeric_limits<float>::infinity()};
+    const double specialDoubles[] = {0.0,
+                                     -0.0,
+                                     0.75,
+                                     0.1,
+                                     1e300,
+                                     5e-324,
+                                     1e16,
+                                     1e15,
+                                     123456789012345678.0,
+                                     -std::numeric_limits<double>::infinity()};
+    m_node->mfFloat.setNum(0);
+    m_node->mfDouble.setNum(0);
+    for (float value : specialFloats)
+        m_node->mfFloat.set1Value(m_node->mfFloat.getNum(), value);
+    for (double value : specialDoubles)
+        m_node->mfDouble.set1Value(m_node->mfDouble.getNum(), value);
+    // And a spread over every magnitude the types have.
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> unit(-1.0, 1.0);
+    for (int i = 0; i < 2000; ++i) {
+        m_node->mfFloat.set1Value(m_node->mfFloat.getNum(),
+                                  float(unit(random) * std::pow(10.0, int(unit(random) * 38))));
+        m_node->mfDouble.set1Value(m_node->mfDouble.getNum(),
+                                   unit(random) * std::pow(10.0, int(unit(random) * 300)));
+    }
+    for (SoMField* list :
+         {static_cast<SoMField*>(&m_node->mfFloat), static_cast<SoMField*>(&m_node->mfDouble)}) {
+        select(list);
+        const QStringList written = values(*list);
+        for (int row = 0; row < list->getNum(); ++row)
+            QCOMPARE(shownEditor()->getValueText(row, 0), written.at(row));
+    }
 }
 
 void tst_ListEditorCells::longTextsShowTheirHead_data()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CoinNumberText.h"
 #include "FieldRangeMap.h"
 #include "FxMFLineWidget.h"
 #include "FxMFieldTable.h"
@@ -117,6 +118,20 @@ public:
             m_table->setBounded(range.isBounded());
         }
         return true;
+    }
+
+    // Real numbers are written here in Coin's own text form without Coin's
+    // output stream: a repaint asks for every cell on screen.
+    QString getValueText(int row, int column) override
+    {
+        if constexpr (Traits::isReal) {
+            SoMField* field = getField();
+            if (!field || column >= 1 || row < 0 || row >= field->getNum())
+                return QString();
+            return CoinNumberText::of((*static_cast<Field*>(field))[row]);
+        } else {
+            return FxMFLineWidget::getValueText(row, column);
+        }
     }
 
     void setValueFromText(int row, int column, QString text) override

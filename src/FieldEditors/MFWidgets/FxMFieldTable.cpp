@@ -83,11 +83,13 @@ void FxMFieldTable::setBounded(bool bounded)
 }
 
 // Range changes are bookkeeping, not the user's choice of a row: the box must
-// not take a clamped value for a request to show that row.
+// not take a clamped value for a request to show that row. An unchanged range
+// is left alone: setting it lays the editor out and repaints it again, the
+// larger part of a refresh that changed only a value.
 void FxMFieldTable::setAccessRange(int minimum, int maximum)
 {
     AccessButtonPrivate* box = m_fieldWidget ? m_fieldWidget->getAccessBox() : nullptr;
-    if (!box)
+    if (!box || (box->minimum() == minimum && box->maximum() == maximum))
         return;
     const QSignalBlocker blocker(box);
     box->setRange(minimum, maximum);

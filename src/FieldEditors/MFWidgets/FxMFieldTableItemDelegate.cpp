@@ -85,7 +85,12 @@ void FxMFieldTableItemDelegate::setRealRange(double min, double max)
 // thousands of characters costs a few measurements, not thousands.
 QString FxMFieldTableItemDelegate::elided(const QFontMetrics& metrics, const QString& text, int width)
 {
-    if (metrics.horizontalAdvance(text) <= width)
+    // Most values are a few characters in a wide cell: no glyph of the font
+    // is wider than its widest, so such a text fits without being measured.
+    // Other scripts may be drawn from a fallback font and are measured.
+    const bool latin1 = std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
+    if ((latin1 && qint64(text.size()) * metrics.maxWidth() <= width) ||
+        metrics.horizontalAdvance(text) <= width)
         return text;
     // No glyph is narrower than a pixel in any font a table uses; a head
     // longer than the width cannot fit.

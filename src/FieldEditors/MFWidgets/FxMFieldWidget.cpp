@@ -209,7 +209,8 @@ void FxMFieldWidget::releaseTableRows()
     FxMFieldTable* old = m_table;
     m_table = new FxMFieldTable(this, frame, "m_table");
     m_table->copySettingsFrom(*old);
-    m_globalLayout->replaceWidget(old, m_table);
+    // The layout hands back the old table's item; it is ours to delete.
+    delete m_globalLayout->replaceWidget(old, m_table);
     connectTable();
     m_table->setNumRows(0);
     // The old table may be on the call stack (a key press that changed the

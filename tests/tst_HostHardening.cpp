@@ -2,6 +2,7 @@
 // long for Coin's reader, scenes nested deeper than a thread's stack, names
 // too long for Coin's name table, and a save that would have replaced a good
 // file with one that does not read back.
+#include "HostWindowTesting.h"
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalShell.h>
@@ -93,11 +94,7 @@ private:
 
 void tst_HostHardening::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    SoDB::init();
-    SoKalExtensions::init();
-    KalFieldSampler::initClass();
-    SoQt::init(KalShell::getInstance()->getMainWindow());
+    HostWindowTesting::setUpScene();
     QVERIFY(m_dir.isValid());
 }
 

@@ -2,15 +2,10 @@
 // editors, the host's history naming each change, the modified flag, and
 // undo from the Edit menu putting the values back.
 #include "FieldTesting.h"
+#include "HostWindowTesting.h"
 #include "ListEditorTesting.h"
 
-#include <KalFieldSampler.h>
-#include <KalHostWindow.h>
 #include <SceneModel.h>
-#include <SoKalExtensions.h>
-
-#include <Inventor/Qt/SoQt.h>
-#include <Inventor/SoDB.h>
 
 #include <QAction>
 #include <QLineEdit>
@@ -43,25 +38,13 @@ private:
 
 void tst_HostListEditing::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
-    SoDB::init();
-    SoKalExtensions::init();
-    KalFieldSampler::initClass();
-    SoQt::init(KalShell::getInstance()->getMainWindow());
+    HostWindowTesting::setUpScene();
 }
 
 void tst_HostListEditing::init()
 {
-    KalHostWindow::Options options;
-    options.interactive = false;
-    options.view = false;
-    m_host.reset(new KalHostWindow(options));
-    KalPluginsManager* manager = KalPluginsManager::getInstance();
-    QVERIFY2(manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH)), qPrintable(manager->lastError()));
-    m_host->arrangeDocks();
-    m_host->openSample();
-    m_host->window()->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_host->window()));
+    m_host = HostWindowTesting::sampleWithPlugin(false);
+    QVERIFY(m_host);
 }
 
 void tst_HostListEditing::cleanup()

@@ -2,6 +2,7 @@
 // of the sample scene through the tree, editing, saving and reopening, bad
 // files, and what happens to the history when the scene is replaced.
 #include "FieldTesting.h"
+#include "HostWindowTesting.h"
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalPluginsManager.h>
@@ -158,29 +159,17 @@ private:
 
 void tst_HostWindow::initTestCase()
 {
-    QStandardPaths::setTestModeEnabled(true);
     qRegisterMetaType<SoField*>();
     qRegisterMetaType<SoFieldContainer*>();
-    SoDB::init();
-    SoKalExtensions::init();
-    KalFieldSampler::initClass();
-    SoQt::init(KalShell::getInstance()->getMainWindow());
+    HostWindowTesting::setUpScene();
     QVERIFY(m_dir.isValid());
 }
 
 void tst_HostWindow::init()
 {
-    KalHostWindow::Options options;
-    options.interactive = false;
     // The 3D view where there is an X server to draw on.
-    options.view = QGuiApplication::platformName() == QLatin1String("xcb");
-    m_host.reset(new KalHostWindow(options));
-    KalPluginsManager* manager = KalPluginsManager::getInstance();
-    QVERIFY2(manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH)), qPrintable(manager->lastError()));
-    m_host->arrangeDocks();
-    m_host->openSample();
-    m_host->window()->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_host->window()));
+    m_host = HostWindowTesting::sampleWithPlugin(QGuiApplication::platformName() == QLatin1String("xcb"));
+    QVERIFY(m_host);
 }
 
 void tst_HostWindow::cleanup()

@@ -1,0 +1,52 @@
+#pragma once
+// What the tests of kalhost's window share: the scene graph and the host's
+// node classes set up once, and a window on the sample scene with the real
+// plug-in loaded.
+#include <KalFieldSampler.h>
+#include <KalHostWindow.h>
+#include <KalPluginsManager.h>
+#include <KalShell.h>
+#include <SoKalExtensions.h>
+
+#include <Inventor/Qt/SoQt.h>
+#include <Inventor/SoDB.h>
+
+#include <QStandardPaths>
+#include <QtTest>
+
+#include <memory>
+
+namespace HostWindowTesting {
+
+// Once per test program, before any window.
+inline void setUpScene()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    SoDB::init();
+    SoKalExtensions::init();
+    KalFieldSampler::initClass();
+    SoQt::init(KalShell::getInstance()->getMainWindow());
+}
+
+// A window on the sample scene with the plug-in loaded, shown; the 3D view
+// only where asked for. Null when the plug-in did not load.
+inline std::unique_ptr<KalHostWindow> sampleWithPlugin(bool view)
+{
+    KalHostWindow::Options options;
+    options.interactive = false;
+    options.view = view;
+    std::unique_ptr<KalHostWindow> host(new KalHostWindow(options));
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    if (!manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH))) {
+        qWarning() << manager->lastError();
+        return nullptr;
+    }
+    host->arrangeDocks();
+    host->openSample();
+    host->window()->show();
+    if (!QTest::qWaitForWindowExposed(host->window()))
+        return nullptr;
+    return host;
+}
+
+} // namespace HostWindowTesting

@@ -13,7 +13,11 @@ KalMFSwapRowsCommand::~KalMFSwapRowsCommand() = default;
 
 void KalMFSwapRowsCommand::execute()
 {
-    SoMField* field = target.get();
+    exchange(target.get(), row1, row2);
+}
+
+void KalMFSwapRowsCommand::exchange(SoMField* field, int row1, int row2)
+{
     if (!field || row1 < 0 || row2 < 0 || row1 >= field->getNum() || row2 >= field->getNum())
         return;
     SbString a;

@@ -14,6 +14,10 @@ public:
     KalMFSwapRowsCommand(SoMField* field, int row1, int row2);
     ~KalMFSwapRowsCommand() override;
 
+    // Exchanges two values of a field through their texts; nothing when
+    // either index is not one of the field's.
+    static void exchange(SoMField* field, int row1, int row2);
+
     void execute() override;
     void undo() override;
     void redo() override;

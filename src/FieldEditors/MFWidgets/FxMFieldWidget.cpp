@@ -6,6 +6,7 @@
 #include "FxMFieldTable.h"
 #include "KalFieldIgnoredCommand.h"
 #include "KalFieldSetDefaultCommand.h"
+#include "KalMFSwapRowsCommand.h"
 #include "LayoutMetrics.h"
 
 #include <KalServices.h>
@@ -281,15 +282,7 @@ void FxMFieldWidget::prepareSingleColumn()
 
 void FxMFieldWidget::exchangeValues(int first, int second)
 {
-    SoMField* field = getField();
-    if (!field || first < 0 || second < 0 || first >= field->getNum() || second >= field->getNum())
-        return;
-    SbString a;
-    SbString b;
-    field->get1(first, a);
-    field->get1(second, b);
-    field->set1(first, b.getString());
-    field->set1(second, a.getString());
+    KalMFSwapRowsCommand::exchange(getField(), first, second);
 }
 
 void FxMFieldWidget::cellOperation(int, int) {}

@@ -2,6 +2,7 @@
 
 #include "FieldRange.h"
 #include "FieldRangeMap.h"
+#include "FieldTextGuard.h"
 #include "FxIntSlider.h"
 #include "FxSFieldWidget.h"
 #include "FxUIntSlider.h"
@@ -45,7 +46,7 @@ public:
     void applyChanges() override
     {
         const QString text = QString::number(Written(integerSlider->getValue()), 10);
-        if (!field)
+        if (!field || !FieldTextGuard::acceptable(text))
             return;
         field->set(text.toLatin1().constData());
         KalServices::getInstance()->pushCommand(

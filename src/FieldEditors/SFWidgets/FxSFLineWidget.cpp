@@ -1,5 +1,6 @@
 #include "FxSFLineWidget.h"
 
+#include "FieldTextGuard.h"
 #include "KalSFSetValueCommand.h"
 #include "PanelCacheStyle.h"
 
@@ -62,13 +63,18 @@ bool FxSFLineWidget::edited()
 
 // One keystroke emits both textEdited and textChanged, so the text is
 // written, and a command pushed, twice per keystroke. That is how this
-// editor has always reported edits; it is kept.
+// editor has always reported edits; it is kept. A text Coin's reader could
+// overrun on is not handed to it at all: the field keeps its value, no
+// command is pushed, and the text stays for the user to shorten.
 void FxSFLineWidget::applyChanges(const QString&)
 {
     if (!lineEdit || !field)
         return;
+    const QString text = lineEdit->text();
+    if (!FieldTextGuard::acceptable(text))
+        return;
     const int position = lineEdit->cursorPosition();
-    field->set(lineEdit->text().toUtf8().constData());
+    field->set(text.toUtf8().constData());
     lineEdit->setCursorPosition(position);
     SbString none;
     KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(field, none));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FieldTextGuard.h"
 #include "FxSFieldWidget.h"
 #include "KalSFSetValueCommand.h"
 
@@ -74,10 +75,15 @@ public:
         if (!lineEdit || !field)
             return;
         const SbString text(lineEdit->text().toUtf8().constData());
-        if (auto* typed = SoTypedObject(field).cast<Field>())
+        if (auto* typed = SoTypedObject(field).cast<Field>()) {
             Access::write(typed, text);
-        else
+        } else {
+            // Another type's text is read by Coin, which must not meet a
+            // number it would overrun on.
+            if (!FieldTextGuard::acceptable(lineEdit->text()))
+                return;
             field->set(text.getString());
+        }
         SbString none;
         KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(field, none));
     }

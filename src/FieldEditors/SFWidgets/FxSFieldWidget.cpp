@@ -2,6 +2,7 @@
 
 #include "DefaultFieldValues.h"
 #include "EditorIcons.h"
+#include "FieldTextGuard.h"
 #include "FxIntSlider.h"
 #include "FxRealSlider.h"
 #include "FxUIntSlider.h"
@@ -227,6 +228,8 @@ void FxSFieldWidget::setDefaultFieldValue()
     // default. That is how resets have always behaved here.
     SbString text;
     defaultField->get(text);
+    if (!FieldTextGuard::acceptable(QString::fromUtf8(text.getString())))
+        return;
     field->set(text.getString());
     KalServices::getInstance()->pushCommand(new KalFieldSetDefaultCommand(field, defaultField));
 }

@@ -1,5 +1,9 @@
 #include "FxSF4fBox.h"
 
+#include <Inventor/SbVec3f.h>
+
+#include <cmath>
+
 namespace {
 const ComponentColumnStyle kStyle = {"SF4fBoxVSpacing", "SF4FvLayout", "SF4flabel", "SF4fine", 0, true};
 }
@@ -20,6 +24,18 @@ void FxSF4fBox::setLabels(const QStringList& texts)
         if (labels[size_t(i)])
             labels[size_t(i)]->setText(tr("<p>") + texts.at(i) + tr("</p>"));
     }
+}
+
+// Normalised the way Coin normalises, in single precision, so that what is
+// judged is what the field would get.
+bool FxSF4fBox::isDirection(const std::array<float, 4>& values)
+{
+    SbVec3f direction(values[0], values[1], values[2]);
+    const float squared = direction.sqrLength();
+    if (!(squared > 0.0f) || !std::isfinite(squared))
+        return false;
+    direction.normalize();
+    return std::fabs(direction.length() - 1.0f) < 1e-3f;
 }
 
 void FxSF4fBox::setCursorsToStart()

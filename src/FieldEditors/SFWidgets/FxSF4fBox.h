@@ -20,6 +20,11 @@ public:
     void setCursorsToStart();
 
 protected:
+    // Whether the first three components make a direction Coin can
+    // normalise: neither all zero nor so long that the length overflows,
+    // both of which leave a zero vector in the field.
+    static bool isDirection(const std::array<float, 4>& values);
+
     bool readField(std::array<float, 4>&) override { return false; }
     bool writeField(const std::array<float, 4>&) override { return false; }
 };

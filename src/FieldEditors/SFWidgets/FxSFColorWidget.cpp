@@ -3,6 +3,7 @@
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
 #include "ModalDialogs.h"
+#include "NumberInput.h"
 #include "PanelCacheStyle.h"
 
 #include <KalServices.h>
@@ -17,6 +18,9 @@
 #include <QPixmap>
 #include <QPushButton>
 
+#include <algorithm>
+#include <cmath>
+
 namespace {
 
 int metric(const char* name)
@@ -25,9 +29,14 @@ int metric(const char* name)
 }
 
 // A channel as the swatch shows it: truncated, and possibly out of range.
+// Held within a span an int takes, which the swatch clamps or refuses
+// anyway.
 int channel(float component)
 {
-    return int(component * 255.0f);
+    const float scaled = component * 255.0f;
+    if (std::isnan(scaled))
+        return -1;
+    return int(std::clamp(scaled, -1.0e6f, 1.0e6f));
 }
 
 } // namespace
@@ -117,22 +126,28 @@ void FxSFColorWidget::showComponents()
         edit->setCursorPosition(0);
 }
 
+// A text a float cannot hold ("nan", "inf", "1e39") keeps the component it
+// had and marks it, so that the colour is not applied until it is
+// corrected; unreadable text is 0, as it has always been.
+void FxSFColorWidget::changeComponent(size_t index, float& component, const QString& str)
+{
+    unholdable[index] = !NumberInput::read(str, component);
+    repaintSwatch();
+}
+
 void FxSFColorWidget::changeRValue(const QString& str)
 {
-    r = str.toFloat();
-    repaintSwatch();
+    changeComponent(0, r, str);
 }
 
 void FxSFColorWidget::changeGValue(const QString& str)
 {
-    g = str.toFloat();
-    repaintSwatch();
+    changeComponent(1, g, str);
 }
 
 void FxSFColorWidget::changeBValue(const QString& str)
 {
-    b = str.toFloat();
-    repaintSwatch();
+    changeComponent(2, b, str);
 }
 
 void FxSFColorWidget::updateWidget()
@@ -169,7 +184,7 @@ void FxSFColorWidget::getColorEditor()
 void FxSFColorWidget::applyChanges()
 {
     auto* typed = SoTypedObject(field).cast<SoSFColor>();
-    if (!typed)
+    if (!typed || std::find(unholdable.begin(), unholdable.end(), true) != unholdable.end())
         return;
     typed->setValue(SbColor(r, g, b));
     for (QLineEdit* edit : lineEdits) {

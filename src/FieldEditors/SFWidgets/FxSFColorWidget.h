@@ -34,6 +34,7 @@ public slots:
 private:
     void repaintSwatch();
     void showComponents();
+    void changeComponent(size_t index, float& component, const QString& str);
 
     QPushButton* swatch = nullptr;
     std::array<QLineEdit*, 3> lineEdits{};
@@ -41,6 +42,8 @@ private:
     float r = 0.0f;
     float g = 0.0f;
     float b = 0.0f;
+    // Components whose text names a number a float cannot hold.
+    std::array<bool, 3> unholdable{};
     // What the swatch shows now: every new icon costs Qt a rendering in
     // its pixmap cache and some bookkeeping, so an unchanged colour (a
     // refresh, another field of the same colour) keeps the icon it has.

@@ -4,6 +4,7 @@
 #include "FxSFieldWidget.h"
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
+#include "NumberInput.h"
 
 #include <KalServices.h>
 
@@ -43,15 +44,20 @@ public:
         FxSFieldWidget::updateWidget();
     }
 
-    // An unparsable or empty component is written as 0. These editors keep
-    // no previous text: the command reads the field after the write.
+    // An unparsable or empty component is written as 0. A component a float
+    // cannot hold refuses the whole change: the validator keeps Return in
+    // that input from applying it, but Return in another one applies every
+    // component. These editors keep no previous text: the command reads the
+    // field after the write.
     void applyChanges() override
     {
         if (!field || lineEdits[0] == nullptr)
             return;
         std::array<float, N> values{};
-        for (int i = 0; i < N; ++i)
-            values[size_t(i)] = lineEdits[size_t(i)]->text().toFloat();
+        for (int i = 0; i < N; ++i) {
+            if (!NumberInput::read(lineEdits[size_t(i)]->text(), values[size_t(i)]))
+                return;
+        }
         if (!writeField(values))
             return;
         for (QLineEdit* edit : lineEdits)

@@ -1,6 +1,7 @@
 #include "FxSFMatrixWidget.h"
 
 #include "KalSFSetValueCommand.h"
+#include "NumberInput.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
@@ -41,15 +42,18 @@ void FxSFMatrixWidget::updateWidget()
     FxSFLineWidget::updateWidget();
 }
 
-// An unparsable or empty cell is written as 0.
+// An unparsable or empty cell is written as 0. A cell a float cannot hold
+// refuses the whole grid: Return in any other cell applies them all.
 void FxSFMatrixWidget::applyChanges()
 {
     auto* typed = SoTypedObject(field).cast<SoSFMatrix>();
     if (!typed || cells.empty())
         return;
     float values[16];
-    for (int i = 0; i < 16; ++i)
-        values[i] = cells[size_t(i)]->text().toFloat();
+    for (int i = 0; i < 16; ++i) {
+        if (!NumberInput::read(cells[size_t(i)]->text(), values[i]))
+            return;
+    }
     typed->setValue(SbMatrix(values[0], values[1], values[2], values[3], values[4], values[5], values[6],
                              values[7], values[8], values[9], values[10], values[11], values[12], values[13],
                              values[14], values[15]));

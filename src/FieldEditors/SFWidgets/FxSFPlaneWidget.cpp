@@ -37,7 +37,8 @@ bool FxSFPlaneWidget::readField(std::array<float, 4>& values)
 bool FxSFPlaneWidget::writeField(const std::array<float, 4>& values)
 {
     auto* typed = SoTypedObject(field).cast<SoSFPlane>();
-    if (!typed)
+    // A plane without a normal is no plane; the field keeps the last one.
+    if (!typed || !isDirection(values))
         return false;
     typed->setValue(SbPlane(SbVec3f(values[0], values[1], values[2]), values[3]));
     return true;

@@ -5,6 +5,7 @@
 #include "FxRealSlider.h"
 #include "FxSFieldWidget.h"
 #include "KalSFSetValueCommand.h"
+#include "NumberInput.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
@@ -79,12 +80,15 @@ public:
         FxSFieldWidget::updateWidget();
     }
 
+    // The validator keeps what is typed within the type; a value the type
+    // cannot hold is refused here as well, whatever brought it.
     void applyChanges() override
     {
-        const auto value = typename Traits::Value(realSlider->getValue());
+        using Value = typename Traits::Value;
         auto* typed = SoTypedObject(field).cast<Field>();
-        if (!typed)
+        if (!typed || !NumberInput::holds<Value>(realSlider->getValue()))
             return;
+        const auto value = Value(realSlider->getValue());
         typed->setValue(value);
         KalServices::getInstance()->pushCommand(
             new KalSFSetValueCommand(typed, realSlider->previousValueText()));

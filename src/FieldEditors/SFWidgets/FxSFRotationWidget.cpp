@@ -41,7 +41,9 @@ bool FxSFRotationWidget::readField(std::array<float, 4>& values)
 bool FxSFRotationWidget::writeField(const std::array<float, 4>& values)
 {
     auto* typed = SoTypedObject(field).cast<SoSFRotation>();
-    if (!typed)
+    // Without an axis the angle turns about nothing; the field keeps the
+    // last rotation.
+    if (!typed || !isDirection(values))
         return false;
     typed->setValue(SbRotation(SbVec3f(values[0], values[1], values[2]), values[3]));
     return true;

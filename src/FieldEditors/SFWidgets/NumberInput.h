@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QString>
+
+#include <cmath>
+#include <limits>
+
+// How the single-value editors take a number from a person. A number the
+// field's type cannot hold is refused, not written: Coin writes a scene
+// with "nan" or "inf" in it that it cannot read back, and turns a float
+// beyond range into 0 without a word.
+class NumberInput
+{
+public:
+    // Whether a value fits the type it is written as.
+    template <class Real>
+    static bool holds(double value)
+    {
+        return std::isfinite(value) && std::fabs(value) <= double(std::numeric_limits<Real>::max());
+    }
+
+    // A typed component as the editors have always read it (an unreadable
+    // or empty text is 0), or false when it names a number the type cannot
+    // hold. Overflow is told from unreadable text by the infinity the C
+    // reading gives it.
+    template <class Real>
+    static bool read(const QString& text, Real& value)
+    {
+        bool ok = false;
+        double number = text.toDouble(&ok);
+        if (!ok && !std::isinf(number))
+            number = 0.0;
+        if (!holds<Real>(number))
+            return false;
+        value = Real(number);
+        return true;
+    }
+};

@@ -1,6 +1,7 @@
 #include "ComponentColumn.h"
 
 #include "LayoutMetrics.h"
+#include "NumberInput.h"
 #include "PanelCacheStyle.h"
 
 #include <QDoubleValidator>
@@ -40,7 +41,9 @@ QLineEdit* ComponentColumn::floatLineEdit(QWidget* frame, const ComponentColumnS
     auto* edit = new QLineEdit(frame);
     PanelCacheStyle::use(edit);
     edit->setObjectName(QLatin1String(style.inputName));
-    edit->setValidator(new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, edit));
+    auto* validator = new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, edit);
+    NumberInput::useFieldLocale(validator);
+    edit->setValidator(validator);
     if (style.alignLeft)
         edit->setAlignment(Qt::AlignLeft);
     return edit;

@@ -1,5 +1,7 @@
 #include "FxIntSlider.h"
 
+#include "NumberInput.h"
+
 #include <QIntValidator>
 #include <QLineEdit>
 #include <QSlider>
@@ -20,6 +22,7 @@ FxIntSlider::FxIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidget
         validator = new QIntValidator(this);
         break;
     }
+    NumberInput::useFieldLocale(validator);
     // The validator goes on the line edit only once the first text has shown
     // the frame works in base 10: it knows no other base.
     quietly([this] { slider->setRange(0, 0); });

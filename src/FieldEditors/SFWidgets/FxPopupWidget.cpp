@@ -2,6 +2,7 @@
 
 #include "EditorIcons.h"
 #include "LayoutMetrics.h"
+#include "NumberInput.h"
 
 #include <QDoubleValidator>
 #include <QFrame>
@@ -80,30 +81,36 @@ bool FxPopupWidget::edited()
     return false;
 }
 
+namespace {
+
+QValidator* cellValidator(int kind, QObject* parent)
+{
+    switch (kind) {
+    case 1:
+        return new QIntValidator(-32768, 32767, parent);
+    case 2:
+        return new QIntValidator(parent);
+    case 3:
+        return new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, parent);
+    case 4:
+        return new QDoubleValidator(parent);
+    default:
+        return nullptr;
+    }
+}
+
+} // namespace
+
 void FxPopupWidget::setCellValidator(int kind)
 {
+    if (kind < 0 || kind > 4)
+        return;
     for (QLineEdit* cell : cells) {
         if (!cell)
             continue;
-        switch (kind) {
-        case 0:
-            cell->setValidator(nullptr);
-            break;
-        case 1:
-            cell->setValidator(new QIntValidator(-32768, 32767, cell));
-            break;
-        case 2:
-            cell->setValidator(new QIntValidator(cell));
-            break;
-        case 3:
-            cell->setValidator(new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, cell));
-            break;
-        case 4:
-            cell->setValidator(new QDoubleValidator(cell));
-            break;
-        default:
-            return;
-        }
+        QValidator* validator = cellValidator(kind, cell);
+        NumberInput::useFieldLocale(validator);
+        cell->setValidator(validator);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "FxRealSlider.h"
 
+#include "NumberInput.h"
+
 #include <QDoubleValidator>
 #include <QLineEdit>
 #include <QSlider>
@@ -30,6 +32,7 @@ FxRealSlider::FxRealSlider(int inTable, KalFieldEditors* editor, QWidget* parent
 {
     const Precision& precision = isFloat ? kFloatPrecision : kDoublePrecision;
     validator = new QDoubleValidator(precision.lowest, precision.highest, precision.decimals, this);
+    NumberInput::useFieldLocale(validator);
     lineEdit->setValidator(validator);
     quietly([this] { slider->setRange(0, 100); });
 }

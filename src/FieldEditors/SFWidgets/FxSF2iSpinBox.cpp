@@ -2,6 +2,7 @@
 
 #include "ComponentColumn.h"
 #include "LayoutMetrics.h"
+#include "NumberInput.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -42,6 +43,7 @@ void FxSF2iSpinBox::createWidget()
     for (size_t i = 0; i < spinBoxes.size(); ++i) {
         spinBoxes[i] = new QSpinBox(frame);
         spinBoxes[i]->setObjectName(QLatin1String(kStyle.inputName));
+        NumberInput::useFieldLocale(spinBoxes[i]);
         labels[i] = ComponentColumn::add(frame, editLayout, kStyle, spinBoxes[i]);
         connect(spinBoxes[i], SIGNAL(valueChanged(int)), this, SLOT(setCommandValue()));
     }

@@ -1,17 +1,30 @@
 #pragma once
 
+#include <QLocale>
 #include <QString>
 
 #include <cmath>
 #include <limits>
 
-// How the single-value editors take a number from a person. A number the
-// field's type cannot hold is refused, not written: Coin writes a scene
-// with "nan" or "inf" in it that it cannot read back, and turns a float
-// beyond range into 0 without a word.
+class QAbstractSpinBox;
+class QValidator;
+
+// How the single-value editors take a number from a person. A field's text
+// is always Coin's C form, so the inputs check in the C locale whatever the
+// user's locale is, and read with QString's conversions, which are C-only:
+// a German validator let "1,5" through and the reading made a 0 of it. A
+// number the field's type cannot hold is refused, not written: Coin writes
+// a scene with "nan" or "inf" in it that it cannot read back, and turns a
+// float beyond range into 0 without a word.
 class NumberInput
 {
 public:
+    // The C locale with group separators refused: "1,000" is not a number
+    // Coin reads, and the reading made a 0 of it.
+    static QLocale fieldLocale();
+    static void useFieldLocale(QValidator* validator);
+    static void useFieldLocale(QAbstractSpinBox* spinBox);
+
     // Whether a value fits the type it is written as.
     template <class Real>
     static bool holds(double value)

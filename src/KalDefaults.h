@@ -4,10 +4,17 @@
 #include "FxMFDoubleWidget.h"
 #include "FxMFFloatWidget.h"
 #include "FxMFInt32Widget.h"
+#include "FxMFPlaneWidget.h"
+#include "FxMFRotationWidget.h"
 #include "FxMFShortWidget.h"
 #include "FxMFStringWidget.h"
 #include "FxMFUInt32Widget.h"
 #include "FxMFUShortWidget.h"
+#include "FxMFVec2fWidget.h"
+#include "FxMFVec2i32Widget.h"
+#include "FxMFVec2sWidget.h"
+#include "FxMFVec3fWidget.h"
+#include "FxMFVec4fWidget.h"
 #include "FxSFBitMaskWidget.h"
 #include "FxSFBoolWidget.h"
 #include "FxSFBox3sWidget.h"
@@ -73,10 +80,17 @@ private:
     FxMFDoubleWidget m_mfDoubleWidget;
     FxMFFloatWidget m_mfFloatWidget;
     FxMFInt32Widget m_mfInt32Widget;
+    FxMFPlaneWidget m_mfPlaneWidget;
+    FxMFRotationWidget m_mfRotationWidget;
     FxMFShortWidget m_mfShortWidget;
     FxMFStringWidget m_mfStringWidget;
     FxMFUInt32Widget m_mfUInt32Widget;
     FxMFUShortWidget m_mfUShortWidget;
+    FxMFVec2fWidget m_mfVec2fWidget;
+    FxMFVec2i32Widget m_mfVec2i32Widget;
+    FxMFVec2sWidget m_mfVec2sWidget;
+    FxMFVec3fWidget m_mfVec3fWidget;
+    FxMFVec4fWidget m_mfVec4fWidget;
     FxSFBitMaskWidget m_sfBitMaskWidget;
     FxSFBoolWidget m_sfBoolWidget;
     FxSFBox3sWidget m_sfBox3sWidget;

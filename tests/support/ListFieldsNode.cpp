@@ -34,6 +34,17 @@ ListFieldsNode::ListFieldsNode()
     SO_NODE_ADD_FIELD(emptyStrings, (""));
     emptyStrings.setNum(0);
     emptyStrings.setDefault(TRUE);
+    SO_NODE_ADD_FIELD(mfVec2f, (SbVec2f(1, 2)));
+    mfVec2f.set1Value(1, SbVec2f(3, 4));
+    SO_NODE_ADD_FIELD(mfVec2i32, (SbVec2i32(1, -2)));
+    mfVec2i32.set1Value(1, SbVec2i32(300000, 4));
+    SO_NODE_ADD_FIELD(mfVec2s, (SbVec2s(1, 2)));
+    mfVec2s.set1Value(1, SbVec2s(-3, 4));
+    SO_NODE_ADD_FIELD(mfVec3f, (SbVec3f(1, 2, 3)));
+    mfVec3f.set1Value(1, SbVec3f(4, 5, 6));
+    SO_NODE_ADD_FIELD(mfVec4f, (SbVec4f(1, 2, 3, 4)));
+    SO_NODE_ADD_FIELD(mfPlane, (SbPlane(SbVec3f(0, 0, 1), 2.0f)));
+    SO_NODE_ADD_FIELD(mfRotation, (SbRotation(SbVec3f(0, 1, 0), 0.5f)));
 }
 
 ListFieldsNode::~ListFieldsNode() = default;

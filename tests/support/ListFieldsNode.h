@@ -4,16 +4,23 @@
 #include <Inventor/fields/SoMFFloat.h>
 #include <Inventor/fields/SoMFInt32.h>
 #include <Inventor/fields/SoMFName.h>
+#include <Inventor/fields/SoMFPlane.h>
+#include <Inventor/fields/SoMFRotation.h>
 #include <Inventor/fields/SoMFShort.h>
 #include <Inventor/fields/SoMFString.h>
 #include <Inventor/fields/SoMFTime.h>
 #include <Inventor/fields/SoMFUInt32.h>
 #include <Inventor/fields/SoMFUShort.h>
+#include <Inventor/fields/SoMFVec2f.h>
+#include <Inventor/fields/SoMFVec2i32.h>
+#include <Inventor/fields/SoMFVec2s.h>
+#include <Inventor/fields/SoMFVec3f.h>
+#include <Inventor/fields/SoMFVec4f.h>
 #include <Inventor/nodes/SoSubNode.h>
 
-// A node with a list field of every scalar and string type the list editors
-// handle, plus two the generic editor shows, and one list whose default is
-// empty. A real node class, so that a fresh instance has real defaults.
+// A node with a list field of every scalar, string, vector, plane and
+// rotation type the list editors handle, plus two the generic editor shows,
+// and one list whose default is empty. A real node class, so that a fresh instance has real defaults.
 class ListFieldsNode : public SoNode
 {
     typedef SoNode inherited;
@@ -33,6 +40,13 @@ public:
     SoMFName mfName;         // one two
     SoMFTime mfTime;         // 1.5
     SoMFString emptyStrings; // default: no values
+    SoMFVec2f mfVec2f;       // (1 2) (3 4)
+    SoMFVec2i32 mfVec2i32;   // (1 -2) (300000 4)
+    SoMFVec2s mfVec2s;       // (1 2) (-3 4)
+    SoMFVec3f mfVec3f;       // (1 2 3) (4 5 6)
+    SoMFVec4f mfVec4f;       // (1 2 3 4)
+    SoMFPlane mfPlane;       // normal (0 0 1), distance 2
+    SoMFRotation mfRotation; // axis (0 1 0), angle 0.5
 
 protected:
     ~ListFieldsNode() override;

@@ -1,0 +1,5 @@
+#include "FxMFPlaneWidget.h"
+
+FxMFPlaneWidget::FxMFPlaneWidget(const char* name)
+    : FxMFComponentWidget(name, "FxMFPlaneWidget")
+{}

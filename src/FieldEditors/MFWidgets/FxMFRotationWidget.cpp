@@ -1,0 +1,5 @@
+#include "FxMFRotationWidget.h"
+
+FxMFRotationWidget::FxMFRotationWidget(const char* name)
+    : FxMFComponentWidget(name, "FxMFRotationWidget")
+{}

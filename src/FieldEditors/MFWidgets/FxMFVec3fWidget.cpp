@@ -1,0 +1,23 @@
+#include "FxMFVec3fWidget.h"
+
+FxMFVec3fWidget::FxMFVec3fWidget(const char* name)
+    : FxMFComponentWidget(name, "FxMFVec3fWidget")
+{}
+
+void FxMFVec3fWidget::setValueFromText(int row, int column, QString text)
+{
+    float number = 0.0f;
+    if (MFComponents::toReal(text, number))
+        setComponentValue(number, row, column);
+}
+
+void FxMFVec3fWidget::setComponentValue(float value, int row, int component)
+{
+    SoMFVec3f* field = typedField();
+    if (!field || row < 0 || row >= field->getNum() || component < 0 || component > 2 ||
+        !std::isfinite(value))
+        return;
+    SbVec3f vector = (*field)[row];
+    vector[component] = value;
+    writeValue(row, vector);
+}

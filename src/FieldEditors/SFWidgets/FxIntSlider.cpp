@@ -7,21 +7,41 @@
 #include <QSlider>
 
 #include <algorithm>
+#include <limits>
+
+namespace {
+
+// The limits of each kind's type; other kinds take the whole int range.
+struct TypeLimits
+{
+    int kind;
+    int32_t lowest;
+    int32_t highest;
+};
+
+const TypeLimits kTypeLimits[] = {
+    {1, std::numeric_limits<int32_t>::min(), std::numeric_limits<int32_t>::max()},
+    {3, std::numeric_limits<int16_t>::min(), std::numeric_limits<int16_t>::max()},
+};
+
+TypeLimits limitsOf(int kind)
+{
+    for (const TypeLimits& limits : kTypeLimits) {
+        if (limits.kind == kind)
+            return limits;
+    }
+    return {kind, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+}
+
+} // namespace
 
 FxIntSlider::FxIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidget* parent, int row, int column)
     : FxSlider(inTable, editor, parent, row, column)
 {
-    switch (kind) {
-    case 1:
-        validator = new QIntValidator(-2147483647 - 1, 2147483647, this);
-        break;
-    case 3:
-        validator = new QIntValidator(-32768, 32767, this);
-        break;
-    default:
-        validator = new QIntValidator(this);
-        break;
-    }
+    const TypeLimits limits = limitsOf(kind);
+    typeLowest = limits.lowest;
+    typeHighest = limits.highest;
+    validator = new QIntValidator(typeLowest, typeHighest, this);
     NumberInput::useFieldLocale(validator);
     // The validator goes on the line edit only once the first text has shown
     // the frame works in base 10: it knows no other base.
@@ -40,6 +60,9 @@ void FxIntSlider::setRange(int32_t min, int32_t max, bool isBounded)
         quietly([this, min, max] { slider->setRange(min, max); });
         return;
     }
+    // An unbounded span limits nothing: the type's limits are back, whatever
+    // bounded field was shown before.
+    validator->setRange(typeLowest, typeHighest);
     setTopValue(max);
     setBottomValue(min);
 }

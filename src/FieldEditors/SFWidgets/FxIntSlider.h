@@ -37,6 +37,9 @@ private:
     int32_t bottomValue = 0;
     int32_t topValue = 0;
     int32_t value = 0;
+    // What the kind's type holds: the validator's range when unbounded.
+    int32_t typeLowest = 0;
+    int32_t typeHighest = 0;
     QIntValidator* validator = nullptr;
     bool bounded = false;
     bool detectBase = true;

@@ -23,6 +23,11 @@ struct Precision
 const Precision kFloatPrecision = {-3.4028234663852886e38, 3.4028234663852886e38, 6};
 const Precision kDoublePrecision = {-1.7976931348623157e308, 1.7976931348623157e308, 15};
 
+const Precision& precisionOf(bool isFloat)
+{
+    return isFloat ? kFloatPrecision : kDoublePrecision;
+}
+
 } // namespace
 
 FxRealSlider::FxRealSlider(int inTable, KalFieldEditors* editor, QWidget* parent, bool isFloat, int row,
@@ -30,7 +35,7 @@ FxRealSlider::FxRealSlider(int inTable, KalFieldEditors* editor, QWidget* parent
     : FxSlider(inTable, editor, parent, row, column)
     , isFloat(isFloat)
 {
-    const Precision& precision = isFloat ? kFloatPrecision : kDoublePrecision;
+    const Precision& precision = precisionOf(isFloat);
     validator = new QDoubleValidator(precision.lowest, precision.highest, precision.decimals, this);
     NumberInput::useFieldLocale(validator);
     lineEdit->setValidator(validator);
@@ -76,6 +81,10 @@ void FxRealSlider::setRange(double min, double max, bool isBounded)
         quietly([this, min, max] { slider->setRange(positionOf(min), positionOf(max)); });
         return;
     }
+    // An unbounded span limits nothing: whatever bounded field was shown
+    // before, the whole range of the type can be typed again.
+    const Precision& precision = precisionOf(isFloat);
+    validator->setRange(precision.lowest, precision.highest, precision.decimals);
     setTopValue(max);
     setBottomValue(min);
 }

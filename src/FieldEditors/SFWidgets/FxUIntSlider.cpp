@@ -14,6 +14,7 @@ FxUIntSlider::FxUIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidg
                            int column)
     : FxSlider(inTable, editor, parent, row, column)
     , typeMax(kind == 4 ? 65535u : 4294967295u)
+    , typeLimit(typeMax)
 {
     quietly([this] { slider->setRange(positionOf(0), positionOf(0)); });
 }
@@ -37,6 +38,12 @@ uint32_t FxUIntSlider::valueOf(int position)
 
 void FxUIntSlider::setRange(uint32_t min, uint32_t max, bool isBounded)
 {
+    // An unbounded span narrows nothing: the limits a bounded one left are
+    // the type's again.
+    if (!isBounded) {
+        typeMin = 0;
+        typeMax = typeLimit;
+    }
     min = std::max(min, typeMin);
     max = std::min(max, typeMax);
     bounded = isBounded;

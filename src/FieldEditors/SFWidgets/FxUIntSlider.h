@@ -24,6 +24,7 @@ public:
 
     // A bounded range narrows only the type limits: the span and the slider
     // stay as they were. That is how unsigned frames have always behaved.
+    // An unbounded range gives the type's own limits back.
     void setRange(uint32_t min, uint32_t max, bool bounded);
     void setTopValue(uint32_t top);
     void setBottomValue(uint32_t bottom);
@@ -44,6 +45,8 @@ private:
     uint32_t value = 0;
     uint32_t typeMax = 0;
     uint32_t typeMin = 0;
+    // The type's own maximum, which a bounded range narrows typeMax from.
+    uint32_t typeLimit = 0;
     bool bounded = false;
     bool detectBase = true;
 };

@@ -63,11 +63,28 @@ struct Scene
             for (int i = 0; i < kRows; ++i)
                 strings[i] = SbString(i);
             node->mfString.finishEditing();
+            node->mfVec3f.setNum(kRows);
+            SbVec3f* vectors = node->mfVec3f.startEditing();
+            for (int i = 0; i < kRows; ++i)
+                vectors[i].setValue(float(i), 0.5f, -float(i));
+            node->mfVec3f.finishEditing();
+            node->mfRotation.setNum(kRows);
+            SbRotation* rotations = node->mfRotation.startEditing();
+            for (int i = 0; i < kRows; ++i)
+                rotations[i].setValue(SbVec3f(0, 1, 0), float(i) * 1e-6f);
+            node->mfRotation.finishEditing();
         }
     }
     SoMField* list(int node, bool strings) const
     {
         return strings ? static_cast<SoMField*>(&nodes[node]->mfString) : &nodes[node]->mfFloat;
+    }
+    // The lists a selection is measured on, by the benchmark's argument.
+    SoMField* list(int node, int which) const
+    {
+        SoMField* const lists[] = {&nodes[node]->mfFloat, &nodes[node]->mfString, &nodes[node]->mfVec3f,
+                                   &nodes[node]->mfRotation};
+        return lists[which];
     }
     QDockWidget* dock = nullptr;
     ListFieldsNode* nodes[2] = {nullptr, nullptr};
@@ -184,9 +201,10 @@ static void BM_BareTableShow(benchmark::State& state)
     QDockWidget* dock = scene().dock;
     dock->show();
     QTableWidget* previous = nullptr;
+    const int columns = int(state.range(0));
     for (auto _ : state) {
         auto* table = new QTableWidget;
-        table->setColumnCount(1);
+        table->setColumnCount(columns);
         dock->setWidget(table);
         delete previous;
         table->setRowCount(kRows);
@@ -200,19 +218,22 @@ static void BM_BareTableShow(benchmark::State& state)
     delete previous;
     dock->hide();
 }
-BENCHMARK(BM_BareTableShow)->Unit(benchmark::kMillisecond);
+// One column like the scalar lists, three like a vector, four like a
+// rotation.
+BENCHMARK(BM_BareTableShow)->Arg(1)->Arg(3)->Arg(4)->Unit(benchmark::kMillisecond);
 
 // Two nodes' lists in turn: each selection tears the editor down and shows
 // the other node's million values.
 static void BM_SelectList(benchmark::State& state)
 {
     Scene& s = scene();
-    const bool strings = state.range(0) == 1;
-    state.SetLabel(strings ? "MFString" : "MFFloat");
+    const int kind = int(state.range(0));
+    static const char* const labels[] = {"MFFloat", "MFString", "MFVec3f", "MFRotation"};
+    state.SetLabel(labels[kind]);
     int which = 0;
     for (auto _ : state) {
         which = 1 - which;
-        select(s.list(which, strings));
+        select(s.list(which, kind));
         benchmark::DoNotOptimize(s.dock->grab());
     }
     if (!shownTable() || shownTable()->rowCount() != kRows)
@@ -221,7 +242,7 @@ static void BM_SelectList(benchmark::State& state)
     state.counters["table_h"] = shownTable()->height();
     select(nullptr);
 }
-BENCHMARK(BM_SelectList)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SelectList)->DenseRange(0, 3)->Unit(benchmark::kMillisecond);
 
 // The floor of a refresh: one repaint of the bare table, as the event loop
 // makes it after an update. Selections are grabbed whole (the dock must be

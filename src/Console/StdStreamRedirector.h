@@ -1,20 +1,33 @@
 #pragma once
 
 #include <ios>
+#include <memory>
+#include <mutex>
 #include <ostream>
 #include <streambuf>
 #include <string>
+#include <thread>
+#include <utility>
+#include <vector>
 
 // Takes the place of a standard stream's buffer and hands what is written to
-// a callback: blocks at once, single characters line by line. The stream gets
-// its buffer back when the redirector is destroyed.
+// a callback. The stream gets its buffer back when the redirector is
+// destroyed.
 //
-// No put area is set, so every character written singly reaches overflow()
-// and every block xsputn(). A block is passed on at once, without flushing
-// the characters collected before it: characters put one at a time show up
-// after the next block, at the next line feed. That order is kept as it is.
-// (The GNU library formats a number into one block, so numbers arrive as
-// blocks; put() and std::endl's line feed are what come singly.)
+// On the thread that made the redirector (the UI thread) blocks go out at
+// once and single characters line by line. No put area is set, so every
+// character written singly reaches overflow() and every block xsputn(). A
+// block is passed on at once, without flushing the characters collected
+// before it: characters put one at a time show up after the next block, at
+// the next line feed. That order is kept as it is. (The GNU library formats
+// a number into one block, so numbers arrive as blocks; put() and
+// std::endl's line feed are what come singly.)
+//
+// Any other thread gathers what it writes, blocks and characters alike, in a
+// line of its own and hands over whole lines only: "t" << 3 << '\n' is one
+// line, never three pieces, however many threads write at once. A line that
+// has no line feed yet goes out when its thread ends, unless the redirector
+// is gone by then.
 template <class Char>
 class StdStreamRedirector : public std::basic_streambuf<Char>
 {
@@ -26,13 +39,19 @@ public:
     StdStreamRedirector(std::basic_ostream<Char>& stream, Callback callback, void* data)
         : m_stream(stream)
         , m_previous(stream.rdbuf())
-        , m_callback(callback)
-        , m_data(data)
+        , m_owner(std::this_thread::get_id())
+        , m_sink(std::make_shared<Sink>(callback, data))
     {
         m_stream.rdbuf(this);
     }
 
-    ~StdStreamRedirector() override { m_stream.rdbuf(m_previous); }
+    // Once the sink is closed no thread calls back any more, not even one
+    // that ends later with half a line: the callback's data may be gone.
+    ~StdStreamRedirector() override
+    {
+        m_stream.rdbuf(m_previous);
+        m_sink->close();
+    }
 
     StdStreamRedirector(const StdStreamRedirector&) = delete;
     StdStreamRedirector& operator=(const StdStreamRedirector&) = delete;
@@ -47,9 +66,12 @@ protected:
         if (Traits::eq_int_type(c, Traits::eof()))
             return Traits::not_eof(c);
         const Char character = Traits::to_char_type(c);
+        if (std::this_thread::get_id() != m_owner) {
+            gather(&character, 1);
+            return c;
+        }
         if (character == Char('\n')) {
-            if (m_callback)
-                m_callback(m_pending.c_str(), 1, m_data);
+            m_sink->callOwner(m_pending.c_str(), 1);
             m_pending.clear();
         } else {
             m_pending += character;
@@ -62,18 +84,116 @@ protected:
     // copy.
     std::streamsize xsputn(const Char* text, std::streamsize count) override
     {
-        if (m_callback && count > 0) {
-            m_block.assign(text, size_t(count));
-            m_callback(m_block.c_str(), count, m_data);
+        if (count <= 0)
+            return count;
+        if (std::this_thread::get_id() != m_owner) {
+            gather(text, count);
+            return count;
         }
+        m_block.assign(text, size_t(count));
+        m_sink->callOwner(m_block.c_str(), count);
         return count;
     }
 
 private:
+    using String = std::basic_string<Char>;
+
+    // What the writing threads share: the callback, and whether it may still
+    // be called. Threads that end after the redirector hold on to it.
+    class Sink
+    {
+    public:
+        Sink(Callback callback, void* data)
+            : m_callback(callback)
+            , m_data(data)
+        {}
+
+        // The owning thread is the one that closes, so it needs no lock.
+        void callOwner(const Char* text, std::streamsize count) const
+        {
+            if (m_callback)
+                m_callback(text, count, m_data);
+        }
+
+        // The lock keeps a line that is being handed over and the closing
+        // apart, so no callback runs once the redirector has gone.
+        void callOther(const String& line)
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            if (m_callback)
+                m_callback(line.c_str(), std::streamsize(line.size()), m_data);
+        }
+
+        void close()
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_callback = nullptr;
+        }
+
+        bool closed()
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            return !m_callback;
+        }
+
+    private:
+        std::mutex m_mutex;
+        Callback m_callback;
+        void* m_data;
+    };
+
+    // The lines one thread has begun, one per redirector it writes to (a
+    // thread may have half a line on std::cout and another on std::cerr).
+    // What is left when the thread ends is handed over then.
+    class ThreadLines
+    {
+    public:
+        ThreadLines() = default;
+        ThreadLines(const ThreadLines&) = delete;
+        ThreadLines& operator=(const ThreadLines&) = delete;
+        ~ThreadLines()
+        {
+            for (auto& entry : m_lines)
+                if (!entry.second.empty())
+                    entry.first->callOther(entry.second);
+        }
+
+        String& lineFor(const std::shared_ptr<Sink>& sink)
+        {
+            for (auto& entry : m_lines)
+                if (entry.first == sink)
+                    return entry.second;
+            // A thread that outlives several consoles drops what it began
+            // for those that are gone rather than piling it up.
+            for (size_t i = m_lines.size(); i-- > 0;)
+                if (m_lines[i].first->closed())
+                    m_lines.erase(m_lines.begin() + std::ptrdiff_t(i));
+            m_lines.emplace_back(sink, String());
+            return m_lines.back().second;
+        }
+
+    private:
+        std::vector<std::pair<std::shared_ptr<Sink>, String>> m_lines;
+    };
+
+    void gather(const Char* text, std::streamsize count)
+    {
+        static thread_local ThreadLines threadLines;
+        String& line = threadLines.lineFor(m_sink);
+        const Char* end = text + count;
+        while (const Char* feed = Traits::find(text, size_t(end - text), Char('\n'))) {
+            line.append(text, size_t(feed - text));
+            m_sink->callOther(line);
+            line.clear();
+            text = feed + 1;
+        }
+        line.append(text, size_t(end - text));
+    }
+
     std::basic_ostream<Char>& m_stream;
     std::basic_streambuf<Char>* m_previous;
-    std::basic_string<Char> m_pending;
-    std::basic_string<Char> m_block;
-    Callback m_callback;
-    void* m_data;
+    const std::thread::id m_owner;
+    const std::shared_ptr<Sink> m_sink;
+    String m_pending;
+    String m_block;
 };

@@ -6,6 +6,8 @@
 #include "AllFieldsNode.h"
 #include "FieldTesting.h"
 
+#include <FxSFLineWidget.h>
+#include <FxSFStringWidget.h>
 #include <KalPluginsManager.h>
 #include <KalServices.h>
 #include <KalShell.h>
@@ -35,6 +37,8 @@ private slots:
     void directionlessPlanesAndRotationsAreRefused();
     void ordinaryValuesStillArrive_data();
     void ordinaryValuesStillArrive();
+    void genericEditorRefusesWhatCoinWouldZero_data();
+    void genericEditorRefusesWhatCoinWouldZero();
 
 private:
     QDockWidget* dock() const;
@@ -211,6 +215,68 @@ void tst_SFHardeningNonFinite::ordinaryValuesStillArrive()
     typeThenReturn(input, typedInto, text, typedInto);
     QCOMPARE(fieldText(target), stored);
     QVERIFY(KalServices::getInstance()->commandCount() >= 1);
+}
+
+void tst_SFHardeningNonFinite::genericEditorRefusesWhatCoinWouldZero_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<QString>("text");
+    // Empty: refused, the field keeps its value and no command is pushed.
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("time overflows") << QByteArray("sfTime") << "1e999"
+                                    << "";
+    QTest::newRow("time, large") << QByteArray("sfTime") << "1e300"
+                                 << "1e+300";
+    QTest::newRow("double overflows") << QByteArray("sfDouble") << "-1e400"
+                                      << "";
+    QTest::newRow("float beyond range") << QByteArray("sfFloat") << "1e39"
+                                        << "";
+    QTest::newRow("float, large") << QByteArray("sfFloat") << "3e38"
+                                  << "3e+038";
+    QTest::newRow("vector component beyond range") << QByteArray("sfVec3f") << "1 -4e38 3"
+                                                   << "";
+    QTest::newRow("rotation angle beyond range") << QByteArray("sfRotation") << "0 0 1 1e40"
+                                                 << "";
+    QTest::newRow("vector, ordinary") << QByteArray("sfVec3f") << "4 5 6"
+                                      << "4 5 6";
+    // Not a real field: left to Coin as before.
+    QTest::newRow("int32, words") << QByteArray("sfInt32") << "1e999"
+                                  << "1";
+}
+
+void tst_SFHardeningNonFinite::genericEditorRefusesWhatCoinWouldZero()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(QString, text);
+    QFETCH(QString, stored);
+    SoField* target = m_node->getField(SbName(field.constData()));
+    const QString before = fieldText(target);
+    // The generic editor and a text editor given a field of another type
+    // both hand the text to Coin.
+    FxSFLineWidget generic;
+    FxSFStringWidget textEditor;
+    for (FxSFieldWidget* editor :
+         {static_cast<FxSFieldWidget*>(&generic), static_cast<FxSFieldWidget*>(&textEditor)}) {
+        target->set(before.toUtf8().constData());
+        KalServices::getInstance()->clearHistory();
+        editor->createWidget();
+        editor->setEditedObject(target);
+        editor->activate();
+        auto* edit = editor->getFrame()->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+        QVERIFY(edit);
+        edit->setFocus();
+        edit->selectAll();
+        edit->insert(text);
+        QTest::keyClick(edit, Qt::Key_Return);
+        if (stored.isEmpty()) {
+            QCOMPARE(fieldText(target), before);
+            QCOMPARE(KalServices::getInstance()->commandCount(), 0);
+        } else {
+            QCOMPARE(fieldText(target), stored);
+        }
+        editor->deactivate();
+        editor->destroyWidget();
+    }
 }
 
 QTEST_MAIN(tst_SFHardeningNonFinite)

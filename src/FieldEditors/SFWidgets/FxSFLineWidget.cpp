@@ -2,6 +2,7 @@
 
 #include "FieldTextGuard.h"
 #include "KalSFSetValueCommand.h"
+#include "NumberInput.h"
 #include "PanelCacheStyle.h"
 
 #include <KalServices.h>
@@ -64,14 +65,15 @@ bool FxSFLineWidget::edited()
 // One keystroke emits both textEdited and textChanged, so the text is
 // written, and a command pushed, twice per keystroke. That is how this
 // editor has always reported edits; it is kept. A text Coin's reader could
-// overrun on is not handed to it at all: the field keeps its value, no
-// command is pushed, and the text stays for the user to shorten.
+// overrun on, or with a number Coin would quietly make 0 of (beyond the
+// range of the field's reals), is not handed to it at all: the field keeps
+// its value, no command is pushed, and the text stays for the user.
 void FxSFLineWidget::applyChanges(const QString&)
 {
     if (!lineEdit || !field)
         return;
     const QString text = lineEdit->text();
-    if (!FieldTextGuard::acceptable(text))
+    if (!FieldTextGuard::acceptable(text) || !NumberInput::fitsField(field, text))
         return;
     const int position = lineEdit->cursorPosition();
     field->set(text.toUtf8().constData());

@@ -3,6 +3,7 @@
 #include "FieldTextGuard.h"
 #include "FxSFieldWidget.h"
 #include "KalSFSetValueCommand.h"
+#include "NumberInput.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
@@ -79,8 +80,9 @@ public:
             Access::write(typed, text);
         } else {
             // Another type's text is read by Coin, which must not meet a
-            // number it would overrun on.
-            if (!FieldTextGuard::acceptable(lineEdit->text()))
+            // number it would overrun on or quietly make 0 of.
+            if (!FieldTextGuard::acceptable(lineEdit->text()) ||
+                !NumberInput::fitsField(field, lineEdit->text()))
                 return;
             field->set(text.getString());
         }

@@ -8,6 +8,7 @@
 
 class QAbstractSpinBox;
 class QValidator;
+class SoField;
 
 // How the single-value editors take a number from a person. A field's text
 // is always Coin's C form, so the inputs check in the C locale whatever the
@@ -48,4 +49,10 @@ public:
         value = Real(number);
         return true;
     }
+
+    // Whether every number in a text written to `field` fits the field's
+    // components. Coin's reader makes 0 of a float beyond range, and of a
+    // double beyond range, without a word; fields of other types, and
+    // words that are no numbers, are left to Coin as they always were.
+    static bool fitsField(const SoField* field, const QString& text);
 };

@@ -1,6 +1,7 @@
 // The "Console" dock: what reaches it from the standard streams and the
 // scene graph's error reports, its colours, filters, clearing and saving,
 // and giving everything back when it goes.
+#include "ConsoleTesting.h"
 #include <KalConsole.h>
 #include <KalPluginsManager.h>
 #include <KalShell.h>
@@ -29,37 +30,9 @@
 #include <sstream>
 #include <thread>
 
+using namespace ConsoleTesting;
+
 namespace {
-
-struct Line
-{
-    QString text;
-    QColor colour;
-};
-
-// Each paragraph of the console with the colour its text was given.
-QList<Line> lines(QTextEdit* edit)
-{
-    QList<Line> result;
-    for (QTextBlock block = edit->document()->begin(); block.isValid(); block = block.next()) {
-        QColor colour = block.charFormat().foreground().color();
-        if (block.begin() != block.end())
-            colour = block.begin().fragment().charFormat().foreground().color();
-        result << Line{block.text(), colour};
-    }
-    // An untouched document has one empty paragraph that nobody wrote.
-    if (result.size() == 1 && result.first().text.isEmpty() && edit->document()->isEmpty())
-        result.clear();
-    return result;
-}
-
-QStringList texts(QTextEdit* edit)
-{
-    QStringList result;
-    for (const Line& line : lines(edit))
-        result << line.text;
-    return result;
-}
 
 // The six error classes' handlers, to check they come back as they were.
 struct Handlers

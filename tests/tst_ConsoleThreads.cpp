@@ -1,6 +1,7 @@
 // The "Console" dock fed from threads other than the UI thread: many writers
 // at once, lines that come in pieces, two streams on one thread, and a writer
 // that outlives the console.
+#include "ConsoleTesting.h"
 #include <KalConsole.h>
 #include <KalPluginsManager.h>
 #include <KalShell.h>
@@ -21,36 +22,9 @@
 #include <thread>
 #include <vector>
 
+using namespace ConsoleTesting;
+
 namespace {
-
-struct Line
-{
-    QString text;
-    QColor colour;
-};
-
-QList<Line> lines(QTextEdit* edit)
-{
-    QList<Line> result;
-    for (QTextBlock block = edit->document()->begin(); block.isValid(); block = block.next()) {
-        QColor colour = block.charFormat().foreground().color();
-        if (block.begin() != block.end())
-            colour = block.begin().fragment().charFormat().foreground().color();
-        result << Line{block.text(), colour};
-    }
-    // An untouched document has one empty paragraph that nobody wrote.
-    if (result.size() == 1 && result.first().text.isEmpty() && edit->document()->isEmpty())
-        result.clear();
-    return result;
-}
-
-QStringList texts(QTextEdit* edit)
-{
-    QStringList result;
-    for (const Line& line : lines(edit))
-        result << line.text;
-    return result;
-}
 
 // Spins until another thread has set the flag; the writers below must stop at
 // a given point without the test sleeping for a guessed time.

@@ -2,6 +2,7 @@
 // profile files and profiles that cannot be used, help, version and the
 // extension listing where there is no display, and a selection by a name
 // too long for Coin.
+#include "KalHostRun.h"
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -9,36 +10,19 @@
 
 namespace {
 
-struct Run
-{
-    int code = -1;
-    QString out;
-    QString err;
-};
+using Run = KalHostRun;
 
 // Without a display: no X server, no Wayland, and no platform chosen,
 // unless one is given.
 Run kalhost(const QStringList& arguments, const QString& platform = QStringLiteral("offscreen"))
 {
-    QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("DISPLAY"));
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     if (!platform.isEmpty())
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(KALHOST_PATH), arguments);
-    Run run;
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        run.err = QString::fromLocal8Bit(process.readAllStandardError());
-        return run;
-    }
-    run.code = process.exitCode();
-    run.out = QString::fromLocal8Bit(process.readAllStandardOutput());
-    run.err = QString::fromLocal8Bit(process.readAllStandardError());
-    return run;
+    return KalHostRun::of(arguments, environment);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // kalhost as a person starts it: command-line options, exit codes, the
 // messages bad input gives and the demo tour; on the offscreen platform, or
 // on the one KAL_KALHOST_PLATFORM names (a real X server, with the 3D view).
+#include "KalHostRun.h"
 #include <QDir>
 #include <QImage>
 #include <QProcess>
@@ -30,29 +31,13 @@ int viewBackgroundPixels(const QImage& image)
     return count;
 }
 
-struct Run
-{
-    int code = -1;
-    QString out;
-    QString err;
-};
+using Run = KalHostRun;
 
 Run kalhost(const QStringList& arguments)
 {
-    QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform());
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(KALHOST_PATH), arguments);
-    Run run;
-    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit) {
-        process.kill();
-        return run;
-    }
-    run.code = process.exitCode();
-    run.out = QString::fromLocal8Bit(process.readAllStandardOutput());
-    run.err = QString::fromLocal8Bit(process.readAllStandardError());
-    return run;
+    return KalHostRun::of(arguments, environment);
 }
 
 } // namespace

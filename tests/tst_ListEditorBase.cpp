@@ -11,6 +11,7 @@
 #include <KalMFAddRowsCommand.h>
 #include <KalMFDeleteRowsCommand.h>
 #include <KalMFSwapRowsCommand.h>
+#include <LayoutMetrics.h>
 #include <SoKalExtensions.h>
 
 #include <Inventor/SoDB.h>
@@ -556,7 +557,7 @@ void tst_ListEditorBase::longListTableIsReplacedWhenHidden()
     QVERIFY(second);
     QCOMPARE(second->rowCount(), many.size());
     QCOMPARE(second->columnCount(), 1);
-    QCOMPARE(second->minimumHeight(), first.isNull() ? second->minimumHeight() : -1);
+    QCOMPARE(second->minimumHeight(), LayoutMetrics::value(QStringLiteral("MFTableMinHeightWin")));
     // The buttons and the box drive the new table.
     clickCell(1);
     click("m_addButton");

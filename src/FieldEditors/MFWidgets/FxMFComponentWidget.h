@@ -39,18 +39,16 @@ public:
 
     QString getValueText(int row, int column) override
     {
-        Field* field = typedField();
-        if (!field || row < 0 || row >= field->getNum() || column < 0 || column >= Traits::columns)
+        if (!holdsRow(row) || column < 0 || column >= Traits::columns)
             return QString();
-        return Traits::text((*field)[row], column);
+        return Traits::text((*typedField())[row], column);
     }
 
     void setValueFromText(int row, int column, QString text) override
     {
-        Field* field = typedField();
-        if (!field || row < 0 || row >= field->getNum() || column < 0 || column >= Traits::columns)
+        if (!holdsRow(row) || column < 0 || column >= Traits::columns)
             return;
-        Value value = (*field)[row];
+        Value value = (*typedField())[row];
         if (!Traits::replace(value, column, text))
             return;
         writeValue(row, value);
@@ -58,9 +56,9 @@ public:
 
     void swapValues(int first, int second) override
     {
-        Field* field = typedField();
-        if (!field || first < 0 || second < 0 || first >= field->getNum() || second >= field->getNum())
+        if (!holdsRow(first) || !holdsRow(second))
             return;
+        Field* field = typedField();
         const Value a = (*field)[first];
         const Value b = (*field)[second];
         field->set1Value(first, b);

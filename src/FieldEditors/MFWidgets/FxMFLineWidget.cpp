@@ -21,22 +21,16 @@ bool FxMFLineWidget::acceptField(SoField* field)
 
 QString FxMFLineWidget::getValueText(int row, int column)
 {
-    SoMField* field = getField();
-    if (!field || column >= 1 || row < 0 || row >= field->getNum())
-        return QString();
-    SbString text;
-    field->get1(row, text);
-    return QString::fromUtf8(text.getString());
+    return column < 1 ? rowText(row) : QString();
 }
 
 bool FxMFLineWidget::writeText(int row, const QString& text)
 {
-    SoMField* field = getField();
     // A row past the end would grow the field; a stale row from before a
     // change made elsewhere is refused instead.
-    if (!field || row < 0 || row >= field->getNum() || !FieldTextGuard::acceptable(text))
+    if (!holdsRow(row) || !FieldTextGuard::acceptable(text))
         return false;
-    return field->set1(row, text.toUtf8().constData());
+    return getField()->set1(row, text.toUtf8().constData());
 }
 
 void FxMFLineWidget::setValueFromText(int row, int, QString text)

@@ -125,10 +125,9 @@ public:
     QString getValueText(int row, int column) override
     {
         if constexpr (Traits::isReal) {
-            SoMField* field = getField();
-            if (!field || column >= 1 || row < 0 || row >= field->getNum())
+            if (column >= 1 || !holdsRow(row))
                 return QString();
-            return CoinNumberText::of((*static_cast<Field*>(field))[row]);
+            return CoinNumberText::of((*static_cast<Field*>(getField()))[row]);
         } else {
             return FxMFLineWidget::getValueText(row, column);
         }

@@ -34,21 +34,18 @@ bool FxMFStringWidget::acceptField(SoField* field)
 
 QString FxMFStringWidget::getValueText(int row, int column)
 {
-    SoMField* field = getField();
-    if (!field || column >= 1 || row < 0 || row >= field->getNum())
+    if (column >= 1 || !holdsRow(row))
         return QString();
-    if (SoMFString* strings = asString(field))
+    if (SoMFString* strings = asString(getField()))
         return QString::fromUtf8((*strings)[row].getString());
-    SbString text;
-    field->get1(row, text);
-    return QString::fromUtf8(text.getString());
+    return rowText(row);
 }
 
 void FxMFStringWidget::setValueFromText(int row, int, QString text)
 {
-    SoMField* field = getField();
-    if (!field || row < 0 || row >= field->getNum())
+    if (!holdsRow(row))
         return;
+    SoMField* field = getField();
     const QByteArray utf8 = text.toUtf8();
     if (SoMFString* strings = asString(field)) {
         if ((*strings)[row] == SbString(utf8.constData()))

@@ -13,11 +13,9 @@ void FxMFVec3fWidget::setValueFromText(int row, int column, QString text)
 
 void FxMFVec3fWidget::setComponentValue(float value, int row, int component)
 {
-    SoMFVec3f* field = typedField();
-    if (!field || row < 0 || row >= field->getNum() || component < 0 || component > 2 ||
-        !std::isfinite(value))
+    if (!holdsRow(row) || component < 0 || component > 2 || !std::isfinite(value))
         return;
-    SbVec3f vector = (*field)[row];
+    SbVec3f vector = (*typedField())[row];
     vector[component] = value;
     writeValue(row, vector);
 }

@@ -126,12 +126,18 @@ void FxMFieldWidget::createWidget()
         return button;
     };
 
-    m_manageButtonsLayout = buttonPairLayout("m_manageButtonsLayout");
+    // Two buttons side by side in a layout of their own, appended to the row.
+    auto addPair = [&](const char* layoutName, QPushButton* first, QPushButton* second) {
+        QHBoxLayout* pair = buttonPairLayout(layoutName);
+        pair->addWidget(first);
+        pair->addWidget(second);
+        m_buttonsLayout->addLayout(pair);
+        return pair;
+    };
+
     m_addButton = makeButton("m_addButton", m_addIcon);
     m_deleteButton = makeButton("m_deleteButton", m_deleteIcon);
-    m_manageButtonsLayout->addWidget(m_addButton);
-    m_manageButtonsLayout->addWidget(m_deleteButton);
-    m_buttonsLayout->addLayout(m_manageButtonsLayout);
+    m_manageButtonsLayout = addPair("m_manageButtonsLayout", m_addButton, m_deleteButton);
 
     m_manageAccessSpacer =
         new QSpacerItem(metric("MFManageAccessSpacerWidth"), metric("MFManageAccessSpacerHeight"),
@@ -155,20 +161,13 @@ void FxMFieldWidget::createWidget()
 
     // Both pairs carry the same layout name; that is the name they have
     // always had.
-    m_moveButtonsLayout = buttonPairLayout("movementButtonLayout");
     m_upButton = makeButton("m_upButton", m_upIcon);
     m_downButton = makeButton("m_downButton", m_downIcon);
-    m_moveButtonsLayout->addWidget(m_upButton);
-    m_moveButtonsLayout->addWidget(m_downButton);
-    m_buttonsLayout->addLayout(m_moveButtonsLayout);
-
-    m_fieldButtonsLayout = buttonPairLayout("movementButtonLayout");
+    m_moveButtonsLayout = addPair("movementButtonLayout", m_upButton, m_downButton);
     m_defaultButton = makeButton("m_defaultButton", m_defaultIcon);
     m_ignoreButton = makeButton("m_ignoreButton", m_ignoreIcon);
     m_ignoreButton->setCheckable(true);
-    m_fieldButtonsLayout->addWidget(m_defaultButton);
-    m_fieldButtonsLayout->addWidget(m_ignoreButton);
-    m_buttonsLayout->addLayout(m_fieldButtonsLayout);
+    m_fieldButtonsLayout = addPair("movementButtonLayout", m_defaultButton, m_ignoreButton);
 
     m_globalLayout->addLayout(m_buttonsLayout, 0, 2);
     m_globalLayout->addWidget(m_table, 2, 2);
@@ -278,6 +277,21 @@ void FxMFieldWidget::prepareSingleColumn()
     m_table->setColumnCount(1);
     m_table->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
     m_table->setNumRows(0);
+}
+
+bool FxMFieldWidget::holdsRow(int row) const
+{
+    SoMField* field = getField();
+    return field && row >= 0 && row < field->getNum();
+}
+
+QString FxMFieldWidget::rowText(int row) const
+{
+    if (!holdsRow(row))
+        return QString();
+    SbString text;
+    getField()->get1(row, text);
+    return QString::fromUtf8(text.getString());
 }
 
 void FxMFieldWidget::exchangeValues(int first, int second)

@@ -71,6 +71,10 @@ protected:
     void prepareSingleColumn();
     // Exchanges two values through their texts, when both are the field's.
     void exchangeValues(int first, int second);
+    // True when the row is one of the edited field's values.
+    bool holdsRow(int row) const;
+    // The value's text form (SoMField::get1), or null where there is none.
+    QString rowText(int row) const;
 
     AccessButtonPrivate* m_accessBox = nullptr;
     QPushButton* m_upButton = nullptr;

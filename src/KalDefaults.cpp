@@ -35,11 +35,13 @@ void KalDefaults::load()
     KalExtension* const registrationOrder[] = {
         &m_profileSelector,
         &m_console,
+        &m_mfColorWidget,
         &m_mfDefaultFieldWidget,
         &m_mfDoubleWidget,
         &m_sfFilePathStringWidget,
         &m_mfFloatWidget,
         &m_mfInt32Widget,
+        &m_mfMatrixWidget,
         &m_mfPlaneWidget,
         &m_mfRotationWidget,
         &m_mfShortWidget,

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "FxMFColorWidget.h"
 #include "FxMFDefaultFieldWidget.h"
 #include "FxMFDoubleWidget.h"
 #include "FxMFFloatWidget.h"
 #include "FxMFInt32Widget.h"
+#include "FxMFMatrixWidget.h"
 #include "FxMFPlaneWidget.h"
 #include "FxMFRotationWidget.h"
 #include "FxMFShortWidget.h"
@@ -76,10 +78,12 @@ private:
     PanelCacheStyle::Scope m_panelStyle;
     KalProfileSelectorExtension m_profileSelector;
     KalConsole m_console;
+    FxMFColorWidget m_mfColorWidget;
     FxMFDefaultFieldWidget m_mfDefaultFieldWidget;
     FxMFDoubleWidget m_mfDoubleWidget;
     FxMFFloatWidget m_mfFloatWidget;
     FxMFInt32Widget m_mfInt32Widget;
+    FxMFMatrixWidget m_mfMatrixWidget;
     FxMFPlaneWidget m_mfPlaneWidget;
     FxMFRotationWidget m_mfRotationWidget;
     FxMFShortWidget m_mfShortWidget;

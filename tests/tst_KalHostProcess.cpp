@@ -2,6 +2,7 @@
 // messages bad input gives and the demo tour; on the offscreen platform, or
 // on the one KAL_KALHOST_PLATFORM names (a real X server, with the 3D view).
 #include "KalHostRun.h"
+#include "RegistrationOrder.h"
 #include <QDir>
 #include <QImage>
 #include <QProcess>
@@ -121,8 +122,26 @@ void tst_KalHostProcess::listsTheExtensions()
 {
     const Run run = kalhost({QStringLiteral("--list-extensions")});
     QCOMPARE(run.code, 0);
-    QVERIFY(run.out.contains(QStringLiteral("Field Editor")));
-    QVERIFY(run.out.contains(QStringLiteral("SFFloat  (field editor)")));
+    QVERIFY2(run.out.contains(QStringLiteral("45 extension(s) registered, in order:")), qPrintable(run.out));
+    // "  3. MFColor  (field editor)": the place, the name, and what it is.
+    const QRegularExpression line(QStringLiteral("^ *(\\d+)\\. (.+?)(  \\(field editor\\))?$"));
+    QStringList names;
+    QStringList editors;
+    for (const QString& text : run.out.split(QLatin1Char('\n'))) {
+        const QRegularExpressionMatch match = line.match(text);
+        if (!match.hasMatch())
+            continue;
+        QCOMPARE(match.captured(1).toInt(), names.size() + 1);
+        names << match.captured(2);
+        if (!match.captured(3).isEmpty())
+            editors << match.captured(2);
+    }
+    QCOMPARE(names, RegistrationOrder::names());
+    // Every extension but the selector, the console and the two docks edits
+    // a field.
+    QCOMPARE(editors.size(), 41);
+    QVERIFY(!editors.contains(QStringLiteral("Console")));
+    QVERIFY(editors.contains(QStringLiteral("MFMatrix")));
 }
 
 void tst_KalHostProcess::missingSceneFallsBackToTheSample()

@@ -6,6 +6,7 @@
 #include "KalMFSetValueCommand.h"
 
 #include <KalServices.h>
+#include <SoTypedObject.h>
 
 #include <QHeaderView>
 
@@ -39,16 +40,18 @@ public:
 
     QString getValueText(int row, int column) override
     {
-        if (!holdsRow(row) || column < 0 || column >= Traits::columns)
+        Field* field = typedField();
+        if (!field || !holdsRow(row) || column < 0 || column >= Traits::columns)
             return QString();
-        return Traits::text((*typedField())[row], column);
+        return Traits::text((*field)[row], column);
     }
 
     void setValueFromText(int row, int column, QString text) override
     {
-        if (!holdsRow(row) || column < 0 || column >= Traits::columns)
+        Field* field = typedField();
+        if (!field || !holdsRow(row) || column < 0 || column >= Traits::columns)
             return;
-        Value value = (*typedField())[row];
+        Value value = (*field)[row];
         if (!Traits::replace(value, column, text))
             return;
         writeValue(row, value);
@@ -56,9 +59,9 @@ public:
 
     void swapValues(int first, int second) override
     {
-        if (!holdsRow(first) || !holdsRow(second))
-            return;
         Field* field = typedField();
+        if (!field || !holdsRow(first) || !holdsRow(second))
+            return;
         const Value a = (*field)[first];
         const Value b = (*field)[second];
         field->set1Value(first, b);
@@ -66,14 +69,15 @@ public:
     }
 
 protected:
-    FxMFComponentWidget(const char* name, const char* className)
-        : FxMFieldWidget(name ? name : className)
+    FxMFComponentWidget(const char* name, const char* className, int tableKind = PlainTable)
+        : FxMFieldWidget(tableKind, name ? name : className)
     {
         handledType = Field::getClassTypeId();
         this->name = Traits::typeText;
     }
 
-    Field* typedField() const { return static_cast<Field*>(getField()); }
+    // The edited field, when it is of the editor's class.
+    Field* typedField() const { return SoTypedObject(getField()).cast<Field>(); }
 
     // A value equal to the one stored is no change and records nothing.
     void writeValue(int row, const Value& value)

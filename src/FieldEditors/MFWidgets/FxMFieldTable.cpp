@@ -41,6 +41,15 @@ FxMFieldTable::~FxMFieldTable()
     delete m_delegate;
 }
 
+void FxMFieldTable::installDelegate(FxMFieldTableItemDelegate* delegate)
+{
+    if (!delegate || delegate == m_delegate)
+        return;
+    setItemDelegate(delegate);
+    delete m_delegate;
+    m_delegate = delegate;
+}
+
 SoMField* FxMFieldTable::field() const
 {
     return m_fieldWidget ? m_fieldWidget->getField() : nullptr;
@@ -59,6 +68,7 @@ void FxMFieldTable::copySettingsFrom(const FxMFieldTable& other)
     m_delegate->setIntRange(settings->intMinimum(), settings->intMaximum());
     m_delegate->setRealRange(settings->realMinimum(), settings->realMaximum());
     m_delegate->setBounded(settings->isBounded());
+    setEditTriggers(other.editTriggers());
     setMinimumHeight(other.minimumHeight());
 }
 

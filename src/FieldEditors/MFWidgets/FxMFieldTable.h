@@ -45,9 +45,15 @@ protected slots:
     void editorDestroyed(QObject* editor) override;
 
 protected:
+    // The table owns its delegate; a table that paints its cells its own way
+    // hands over the one it made.
+    void installDelegate(FxMFieldTableItemDelegate* delegate);
+
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+    FxMFieldWidget* m_fieldWidget;
 
 private:
     SoMField* field() const;
@@ -56,7 +62,6 @@ private:
     void setCurrentRowQuietly(int row);
     void setAccessRange(int minimum, int maximum);
 
-    FxMFieldWidget* m_fieldWidget;
     FxMFieldTableItemDelegate* m_delegate;
     bool m_multiSelect = false;
     bool m_movingCurrent = false;

@@ -88,12 +88,16 @@ QString FxMFieldTableItemDelegate::elided(const QFontMetrics& metrics, const QSt
     // Most values are a few characters in a wide cell: no glyph of the font
     // is wider than its widest, so such a text fits without being measured.
     // Other scripts may be drawn from a fallback font and are measured.
-    const bool latin1 = std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
-    if ((latin1 && qint64(text.size()) * metrics.maxWidth() <= width) ||
-        metrics.horizontalAdvance(text) <= width)
+    // No glyph is narrower than a pixel in any font a table uses, so a text
+    // longer than the width in characters cannot fit and is not measured
+    // whole: a cell may show the head of a text of megabytes.
+    const bool mayFit = text.size() <= std::max(width, 0);
+    const auto latin1 = [&] {
+        return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x100; });
+    };
+    if (mayFit && ((qint64(text.size()) * metrics.maxWidth() <= width && latin1()) ||
+                   metrics.horizontalAdvance(text) <= width))
         return text;
-    // No glyph is narrower than a pixel in any font a table uses; a head
-    // longer than the width cannot fit.
     int low = 0;
     int high = std::min<int>(text.size(), std::max(width, 0) + 1);
     while (low < high) {
@@ -113,11 +117,17 @@ QString FxMFieldTableItemDelegate::elided(const QFontMetrics& metrics, const QSt
 void FxMFieldTableItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const
 {
+    paintValue(painter, option, index.row(), index.column());
+}
+
+void FxMFieldTableItemDelegate::paintValue(QPainter* painter, const QStyleOptionViewItem& option, int row,
+                                           int column) const
+{
     painter->save();
     const bool selected = option.state & QStyle::State_Selected;
     if (selected)
         painter->fillRect(option.rect, option.palette.highlight());
-    const QString text = m_fieldWidget ? m_fieldWidget->getValueText(index.row(), index.column()) : QString();
+    const QString text = m_fieldWidget ? m_fieldWidget->getValueText(row, column) : QString();
     if (!text.isEmpty()) {
         painter->setPen(
             option.palette.color(QPalette::Normal, selected ? QPalette::HighlightedText : QPalette::Text));
@@ -195,8 +205,6 @@ void FxMFieldTableItemDelegate::setEditorData(QWidget* editor, const QModelIndex
     }
 }
 
-// Rejected text is not written into the field, but the cell keeps showing
-// it until the next repaint from the field.
 void FxMFieldTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                              const QModelIndex& index) const
 {
@@ -208,7 +216,15 @@ void FxMFieldTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel
         QItemDelegate::setModelData(editor, model, index);
         return;
     }
-    if (!line->isModified())
+    commitText(line, model, index, index.column());
+}
+
+// Rejected text is not written into the field, but the cell keeps showing
+// it until the next repaint from the field.
+void FxMFieldTableItemDelegate::commitText(QLineEdit* line, QAbstractItemModel* model,
+                                           const QModelIndex& index, int column) const
+{
+    if (!line || !model || !line->isModified())
         return;
     QString text = line->text();
     bool write = true;
@@ -217,7 +233,7 @@ void FxMFieldTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel
         write = validator->validate(text, position) == QValidator::Acceptable;
     }
     if (write && m_fieldWidget)
-        m_fieldWidget->setValueFromText(index.row(), index.column(), text);
+        m_fieldWidget->setValueFromText(index.row(), column, text);
     model->setData(index, text, Qt::DisplayRole);
 }
 

@@ -60,6 +60,17 @@ public:
     // character.
     static QString elided(const QFontMetrics& metrics, const QString& text, int width);
 
+protected:
+    // Paints, in the cell of `option`, the text of the value cell (row,
+    // column) of the editor: a table may show its values in other columns
+    // than the editor counts them in.
+    void paintValue(QPainter* painter, const QStyleOptionViewItem& option, int row, int column) const;
+    // Hands an edited text to the editor as the value of (row, column) when
+    // the editor's validator takes it, and keeps it in the cell at `index`.
+    void commitText(QLineEdit* line, QAbstractItemModel* model, const QModelIndex& index, int column) const;
+
+    FxMFieldWidget* fieldWidget() const { return m_fieldWidget; }
+
 private:
     QWidget* createSlider(QWidget* parent, int row, int column, const QString& text) const;
 

@@ -3,6 +3,7 @@
 #include "AccessButtonPrivate.h"
 #include "DefaultFieldValues.h"
 #include "EditorIcons.h"
+#include "FxMFColorTable.h"
 #include "FxMFieldTable.h"
 #include "KalFieldIgnoredCommand.h"
 #include "KalFieldSetDefaultCommand.h"
@@ -40,12 +41,17 @@ QHBoxLayout* buttonPairLayout(const char* name)
 } // namespace
 
 FxMFieldWidget::FxMFieldWidget(const char* name)
+    : FxMFieldWidget(PlainTable, name)
+{}
+
+FxMFieldWidget::FxMFieldWidget(int tableKind, const char* name)
     : m_deleteIcon(EditorIcons::deleteIcon())
     , m_addIcon(EditorIcons::addIcon())
     , m_upIcon(EditorIcons::upIcon())
     , m_downIcon(EditorIcons::downIcon())
     , m_defaultIcon(EditorIcons::defaultIcon())
     , m_ignoreIcon(EditorIcons::ignoreIcon())
+    , m_tableKind(tableKind)
 {
     const QString objectName = QLatin1String(name ? name : "FxMFieldWidget");
     setObjectName(objectName);
@@ -54,7 +60,14 @@ FxMFieldWidget::FxMFieldWidget(const char* name)
     frame->setObjectName(objectName);
     // Made now, not with the other widgets, so that a concrete editor can
     // configure its table before the editor is first shown.
-    m_table = new FxMFieldTable(this, frame, "m_table");
+    m_table = makeTable();
+}
+
+FxMFieldTable* FxMFieldWidget::makeTable()
+{
+    if (m_tableKind == ColorTable)
+        return new FxMFColorTable(this, frame);
+    return new FxMFieldTable(this, frame, "m_table");
 }
 
 FxMFieldWidget::~FxMFieldWidget() = default;
@@ -207,7 +220,7 @@ void FxMFieldWidget::releaseTableRows()
         return;
     }
     FxMFieldTable* old = m_table;
-    m_table = new FxMFieldTable(this, frame, "m_table");
+    m_table = makeTable();
     m_table->copySettingsFrom(*old);
     // The layout hands back the old table's item; it is ours to delete.
     delete m_globalLayout->replaceWidget(old, m_table);

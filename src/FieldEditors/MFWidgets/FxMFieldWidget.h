@@ -29,7 +29,17 @@ public:
     // editor is hidden.
     static constexpr int keptRowsLimit = 4096;
 
+    // What kind of table an editor shows its values in.
+    enum TableKind
+    {
+        PlainTable = 0,
+        ColorTable = 1,
+    };
+
     explicit FxMFieldWidget(const char* name = nullptr);
+    // A table kind of ColorTable gives the editor a table of colour swatches;
+    // any other kind, the plain table.
+    FxMFieldWidget(int tableKind, const char* name);
     ~FxMFieldWidget() override;
 
     void createWidget() override;
@@ -101,8 +111,10 @@ protected:
     QPixmap m_defaultIcon;
     QPixmap m_ignoreIcon;
     bool m_refreshEnabled = true;
+    int m_tableKind = PlainTable;
 
 private:
+    FxMFieldTable* makeTable();
     void connectTable();
     // A table keeps the bookkeeping of the most rows it ever had, even when
     // emptied; after a long list it is replaced by a fresh one.

@@ -81,25 +81,28 @@ bool FxPopupWidget::edited()
     return false;
 }
 
-namespace {
-
-QValidator* cellValidator(int kind, QObject* parent)
+QValidator* FxPopupWidget::makeCellValidator(int kind, QObject* parent)
 {
+    QValidator* validator = nullptr;
     switch (kind) {
     case 1:
-        return new QIntValidator(-32768, 32767, parent);
+        validator = new QIntValidator(-32768, 32767, parent);
+        break;
     case 2:
-        return new QIntValidator(parent);
+        validator = new QIntValidator(parent);
+        break;
     case 3:
-        return new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, parent);
+        validator = new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, parent);
+        break;
     case 4:
-        return new QDoubleValidator(parent);
+        validator = new QDoubleValidator(parent);
+        break;
     default:
         return nullptr;
     }
+    NumberInput::useFieldLocale(validator);
+    return validator;
 }
-
-} // namespace
 
 void FxPopupWidget::setCellValidator(int kind)
 {
@@ -108,9 +111,7 @@ void FxPopupWidget::setCellValidator(int kind)
     for (QLineEdit* cell : cells) {
         if (!cell)
             continue;
-        QValidator* validator = cellValidator(kind, cell);
-        NumberInput::useFieldLocale(validator);
-        cell->setValidator(validator);
+        cell->setValidator(makeCellValidator(kind, cell));
     }
 }
 

@@ -9,6 +9,7 @@
 class QFrame;
 class QGridLayout;
 class QPushButton;
+class QValidator;
 
 // A field with more numbers than fit on a row: its text form in a disabled
 // line edit, and an edit button that opens a popup grid with one cell per
@@ -28,6 +29,9 @@ public:
     // 0 none; 1 16-bit integers; 2 any integer; 3 single precision; 4 any
     // double; other kinds change nothing.
     void setCellValidator(int kind);
+    // The validator of a grid cell of that kind, in the C locale fields are
+    // written in; null for kind 0 and unknown kinds.
+    static QValidator* makeCellValidator(int kind, QObject* parent);
     void resetCellCursors();
 
     QFrame* getPopupFrame() const { return popupFrame; }

@@ -1,12 +1,11 @@
 #include "FxSFMatrixWidget.h"
 
 #include "KalSFSetValueCommand.h"
-#include "NumberInput.h"
+#include "MatrixText.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
 
-#include <Inventor/SbBox3s.h>
 #include <Inventor/SbMatrix.h>
 
 #include <QLineEdit>
@@ -31,13 +30,8 @@ void FxSFMatrixWidget::updateWidget()
     if (!typed || cells.empty())
         return;
     const SbMatrix& matrix = typed->getValue();
-    for (int j = 0; j < 4; ++j) {
-        for (int i = 0; i < 4; ++i) {
-            QString text;
-            text.setNum(matrix[j][i], 'g', 6);
-            cells[size_t(4 * j + i)]->setText(text);
-        }
-    }
+    for (int i = 0; i < MatrixText::elements && size_t(i) < cells.size(); ++i)
+        cells[size_t(i)]->setText(MatrixText::elementText(matrix, i));
     resetCellCursors();
     FxSFLineWidget::updateWidget();
 }
@@ -49,14 +43,13 @@ void FxSFMatrixWidget::applyChanges()
     auto* typed = SoTypedObject(field).cast<SoSFMatrix>();
     if (!typed || cells.empty())
         return;
-    float values[16];
-    for (int i = 0; i < 16; ++i) {
-        if (!NumberInput::read(cells[size_t(i)]->text(), values[i]))
-            return;
-    }
-    typed->setValue(SbMatrix(values[0], values[1], values[2], values[3], values[4], values[5], values[6],
-                             values[7], values[8], values[9], values[10], values[11], values[12], values[13],
-                             values[14], values[15]));
+    QStringList texts;
+    for (QLineEdit* cell : cells)
+        texts << cell->text();
+    SbMatrix matrix;
+    if (!MatrixText::read(texts, matrix))
+        return;
+    typed->setValue(matrix);
     for (QLineEdit* cell : cells)
         cell->setModified(false);
     SbString none;

@@ -1,0 +1,27 @@
+#include "MatrixText.h"
+
+#include "NumberInput.h"
+
+#include <Inventor/SbMatrix.h>
+
+QString MatrixText::elementText(const SbMatrix& matrix, int index)
+{
+    if (index < 0 || index >= elements)
+        return QString();
+    return QString::number(double(matrix[index / 4][index % 4]), 'g', 6);
+}
+
+bool MatrixText::read(const QStringList& texts, SbMatrix& matrix)
+{
+    if (texts.size() != elements)
+        return false;
+    float values[elements];
+    for (int i = 0; i < elements; ++i) {
+        if (!NumberInput::read(texts.at(i), values[i]))
+            return false;
+    }
+    matrix = SbMatrix(values[0], values[1], values[2], values[3], values[4], values[5], values[6], values[7],
+                      values[8], values[9], values[10], values[11], values[12], values[13], values[14],
+                      values[15]);
+    return true;
+}

@@ -74,7 +74,10 @@ T* child(const char* name, QObject* within = nullptr)
 
 inline FxMFieldTable* table()
 {
-    return child<FxMFieldTable>("m_table");
+    if (FxMFieldTable* plain = child<FxMFieldTable>("m_table"))
+        return plain;
+    // The colour list's table goes by its class's name.
+    return child<FxMFieldTable>("FxMFieldTable");
 }
 
 inline AccessButtonPrivate* accessBox()

@@ -45,6 +45,12 @@ ListFieldsNode::ListFieldsNode()
     SO_NODE_ADD_FIELD(mfVec4f, (SbVec4f(1, 2, 3, 4)));
     SO_NODE_ADD_FIELD(mfPlane, (SbPlane(SbVec3f(0, 0, 1), 2.0f)));
     SO_NODE_ADD_FIELD(mfRotation, (SbRotation(SbVec3f(0, 1, 0), 0.5f)));
+    SO_NODE_ADD_FIELD(mfColor, (SbColor(1.0f, 0.5f, 0.25f)));
+    mfColor.set1Value(1, SbColor(0.2f, 0.4f, 0.6f));
+    SO_NODE_ADD_FIELD(mfMatrix, (SbMatrix::identity()));
+    SbMatrix translation;
+    translation.setTranslate(SbVec3f(1, 2, 3));
+    mfMatrix.set1Value(1, translation);
 }
 
 ListFieldsNode::~ListFieldsNode() = default;

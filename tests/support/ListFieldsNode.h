@@ -1,8 +1,10 @@
 #pragma once
 
+#include <Inventor/fields/SoMFColor.h>
 #include <Inventor/fields/SoMFDouble.h>
 #include <Inventor/fields/SoMFFloat.h>
 #include <Inventor/fields/SoMFInt32.h>
+#include <Inventor/fields/SoMFMatrix.h>
 #include <Inventor/fields/SoMFName.h>
 #include <Inventor/fields/SoMFPlane.h>
 #include <Inventor/fields/SoMFRotation.h>
@@ -18,9 +20,10 @@
 #include <Inventor/fields/SoMFVec4f.h>
 #include <Inventor/nodes/SoSubNode.h>
 
-// A node with a list field of every scalar, string, vector, plane and
-// rotation type the list editors handle, plus two the generic editor shows,
-// and one list whose default is empty. A real node class, so that a fresh instance has real defaults.
+// A node with a list field of every scalar, string, vector, plane,
+// rotation, colour and matrix type the list editors handle, plus two the
+// generic editor shows, and one list whose default is empty. A real node
+// class, so that a fresh instance has real defaults.
 class ListFieldsNode : public SoNode
 {
     typedef SoNode inherited;
@@ -47,6 +50,8 @@ public:
     SoMFVec4f mfVec4f;       // (1 2 3 4)
     SoMFPlane mfPlane;       // normal (0 0 1), distance 2
     SoMFRotation mfRotation; // axis (0 1 0), angle 0.5
+    SoMFColor mfColor;       // (1 0.5 0.25) (0.2 0.4 0.6)
+    SoMFMatrix mfMatrix;     // identity, then a translation by (1 2 3)
 
 protected:
     ~ListFieldsNode() override;

@@ -30,6 +30,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QScreen>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTreeView>
 #include <QUndoStack>
@@ -143,6 +144,7 @@ private slots:
     void profilesMenuSwitchesTheProfile();
     void recentFilesReopen();
     void viewRedrawsWhenAFieldChanges();
+    void viewFollowsListEdits();
     void sensorsRunFromTheEventLoop();
     void samplerHasEveryEditedType();
 
@@ -151,6 +153,9 @@ private:
     QDockWidget* fieldDock() const;
     // The sample scene's node with a field of every edited type.
     KalFieldSampler* sampler() const;
+    // The ornament's material, "Gold".
+    SoNode* gold() const;
+    QImage viewFrame() const;
     // Selects a float field and types a value into its editor, Return.
     void typeIntoFloatEditor(const QString& path, const QString& text);
 
@@ -241,6 +246,11 @@ void tst_HostWindow::selectingANodeClearsTheField()
 KalFieldSampler* tst_HostWindow::sampler() const
 {
     return static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})));
+}
+
+SoNode* tst_HostWindow::gold() const
+{
+    return static_cast<SoNode*>(m_host->model()->container(m_host->model()->nodeIndex({4, 1})));
 }
 
 void tst_HostWindow::typeIntoFloatEditor(const QString& path, const QString& text)
@@ -518,33 +528,94 @@ void tst_HostWindow::recentFilesReopen()
     QVERIFY(m_host->select(QStringLiteral("First")));
 }
 
-void tst_HostWindow::viewRedrawsWhenAFieldChanges()
+// What the 3D view shows, as the screen has it, once it has had time to
+// redraw.
+QImage tst_HostWindow::viewFrame() const
 {
-    if (!m_host->viewer())
-        QSKIP("The 3D view needs an X server (this test also runs under Xvfb).");
     QWidget* view = m_host->viewer()->getGLWidget();
-    QVERIFY(view);
-    auto frame = [&] {
-        QTest::qWait(200);
-        return QGuiApplication::primaryScreen()
-            ->grabWindow(m_host->window()->winId())
-            .copy(QRect(view->mapTo(m_host->window(), QPoint()), view->size()))
-            .toImage();
-    };
-    const QImage before = frame();
-    // The ornament goes from gold to pure blue; the host is not told.
-    auto* gold = static_cast<SoNode*>(m_host->model()->container(m_host->model()->nodeIndex({4, 1})));
-    QVERIFY(gold);
-    gold->getField("diffuseColor")->set("0 0 1");
-    gold->getField("specularColor")->set("0 0 1");
-    const QImage after = frame();
+    QTest::qWait(200);
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(m_host->window()->winId())
+        .copy(QRect(view->mapTo(m_host->window(), QPoint()), view->size()))
+        .toImage();
+}
+
+namespace {
+// Pixels that differ, every second one in each direction.
+int changedPixels(const QImage& before, const QImage& after)
+{
     int changed = 0;
-    for (int y = 0; y < before.height(); y += 2) {
-        for (int x = 0; x < before.width(); x += 2) {
+    for (int y = 0; y < std::min(before.height(), after.height()); y += 2) {
+        for (int x = 0; x < std::min(before.width(), after.width()); x += 2) {
             if (before.pixel(x, y) != after.pixel(x, y))
                 ++changed;
         }
     }
+    return changed;
+}
+
+// Types a value into a cell of the list editor shown in the dock, as a
+// person does: double click, text, Return.
+bool typeIntoListCell(QDockWidget* dock, int row, int column, const QString& text)
+{
+    QTableWidget* table = nullptr;
+    for (QTableWidget* candidate : dock->findChildren<QTableWidget*>()) {
+        if (candidate->isVisible())
+            table = candidate;
+    }
+    if (!table)
+        return false;
+    const QModelIndex cell = table->model()->index(row, column);
+    table->scrollTo(cell);
+    const QPoint centre = table->visualRect(cell).center();
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    QTest::mouseDClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
+    auto* edit = qobject_cast<QLineEdit*>(table->indexWidget(cell));
+    if (!edit)
+        return false;
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QTest::keyClick(edit, Qt::Key_Return);
+    // The table commits the cell on its next turn of the event loop.
+    QCoreApplication::processEvents();
+    return true;
+}
+} // namespace
+
+void tst_HostWindow::viewRedrawsWhenAFieldChanges()
+{
+    if (!m_host->viewer())
+        QSKIP("The 3D view needs an X server (this test also runs under Xvfb).");
+    const QImage before = viewFrame();
+    // The ornament goes from gold to pure blue; the host is not told.
+    QVERIFY(gold());
+    gold()->getField("diffuseColor")->set("0 0 1");
+    gold()->getField("specularColor")->set("0 0 1");
+    const int changed = changedPixels(before, viewFrame());
+    QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
+}
+
+// The scene's own colour and coordinate lists edited in their list editors:
+// the view shows the new ornament colour and the raised pedestal corner.
+void tst_HostWindow::viewFollowsListEdits()
+{
+    if (!m_host->viewer())
+        QSKIP("The 3D view needs an X server (this test also runs under Xvfb).");
+    QVERIFY(m_host->select(QStringLiteral("Gold.diffuseColor")));
+    QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxMFColorWidget"));
+    QImage before = viewFrame();
+    QVERIFY(typeIntoListCell(fieldDock(), 0, 1, QStringLiteral("0.1")));
+    SbString text;
+    gold()->getField("diffuseColor")->get(text);
+    QCOMPARE(QString::fromLatin1(text.getString()), QStringLiteral("0.1 0.60000002 0.15000001"));
+    int changed = changedPixels(before, viewFrame());
+    QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
+
+    QVERIFY(m_host->select(QStringLiteral("PedestalCoordinates.point")));
+    QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxMFVec3fWidget"));
+    before = viewFrame();
+    QVERIFY(typeIntoListCell(fieldDock(), 4, 1, QStringLiteral("1.2")));
+    changed = changedPixels(before, viewFrame());
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 }
 

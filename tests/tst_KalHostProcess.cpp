@@ -94,10 +94,11 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     const Run run = kalhost({QStringLiteral("--tour"), directory});
     QVERIFY2(run.code == 0, qPrintable(run.out + run.err));
     QVERIFY2(!run.out.contains(QLatin1String("FAILED")), qPrintable(run.out));
-    const char* const shots[] = {"01-float.png",       "02-enum.png",       "03-rotation.png",
-                                 "04-bitmask.png",     "05-colour.png",     "06-float-again.png",
-                                 "07-edited.png",      "08-undone.png",     "09-list-row-added.png",
-                                 "10-list-edited.png", "11-list-undone.png"};
+    const char* const shots[] = {"01-float.png",       "02-enum.png",        "03-rotation.png",
+                                 "04-bitmask.png",     "05-colour.png",      "06-float-again.png",
+                                 "07-edited.png",      "08-undone.png",      "09-list-row-added.png",
+                                 "10-list-edited.png", "11-list-undone.png", "12-colour-list.png",
+                                 "13-vector-list.png"};
     for (const char* shot : shots) {
         const QString path = QDir(directory).filePath(QLatin1String(shot));
         QVERIFY2(run.out.contains(path), shot);
@@ -111,6 +112,12 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     const QImage listUndone(QDir(directory).filePath(QStringLiteral("11-list-undone.png")));
     QVERIFY(listBefore != listEdited);
     QVERIFY(listEdited != listUndone);
+    // The scene's colour and coordinate lists, each edited in its editor.
+    QVERIFY2(run.out.contains(QStringLiteral("typed 0.1 into R")), qPrintable(run.out));
+    const QImage colours(QDir(directory).filePath(QStringLiteral("12-colour-list.png")));
+    const QImage vectors(QDir(directory).filePath(QStringLiteral("13-vector-list.png")));
+    QVERIFY(listUndone != colours);
+    QVERIFY(colours != vectors);
     // The edited screenshot differs from the one before the edit, and the
     // undone one shows the editor as before.
     const QImage before(QDir(directory).filePath(QStringLiteral("06-float-again.png")));

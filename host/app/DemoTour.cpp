@@ -104,19 +104,27 @@ bool DemoTour::addListRow()
     return true;
 }
 
-bool DemoTour::typeIntoListRow()
+// Types into a cell of the list editor shown, as a person does: the cell's
+// line edit opened, the text typed, Return.
+bool DemoTour::typeIntoListCell(int row, int column, const QString& text)
 {
     QDockWidget* dock = m_host->window()->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
-    auto* table = dock ? dock->findChild<QTableWidget*>(QStringLiteral("m_table")) : nullptr;
-    if (!table || table->rowCount() < 2)
+    QTableWidget* table = nullptr;
+    // The colour list's table goes by another name than the others'.
+    for (QTableWidget* candidate : dock ? dock->findChildren<QTableWidget*>() : QList<QTableWidget*>()) {
+        if (candidate->isVisible())
+            table = candidate;
+    }
+    if (!table || table->rowCount() <= row || table->columnCount() <= column)
         return false;
-    const QModelIndex cell = table->model()->index(1, 0);
+    const QModelIndex cell = table->model()->index(row, column);
+    table->scrollTo(cell);
     table->setCurrentIndex(cell);
     table->edit(cell);
     auto* edit = qobject_cast<QLineEdit*>(table->indexWidget(cell));
     if (!edit)
         return false;
-    edit->setText(QStringLiteral("typed on the tour"));
+    edit->setText(text);
     edit->setModified(true);
     // Return, as a person presses it: the table commits the cell.
     QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
@@ -152,7 +160,7 @@ void DemoTour::step()
              QStringLiteral("selected Sampler.lines (MFString), added a row"));
         return;
     case 3:
-        m_ok = typeIntoListRow() && m_ok;
+        m_ok = typeIntoListCell(1, 0, QStringLiteral("typed on the tour")) && m_ok;
         then(QStringLiteral("10-list-edited.png"), QStringLiteral("typed into the new row, Return"));
         return;
     case 4:
@@ -160,8 +168,20 @@ void DemoTour::step()
         // its undo leaves the value; the second undo takes the row away.
         m_ok = undoFromMenu() && m_ok;
         m_ok = undoFromMenu() && m_ok;
-        then(QStringLiteral("11-list-undone.png"),
-             QStringLiteral("the added row is gone again"));
+        then(QStringLiteral("11-list-undone.png"), QStringLiteral("the added row is gone again"));
+        return;
+    case 5:
+        m_ok = m_host->select(QStringLiteral("Gold.diffuseColor")) &&
+               typeIntoListCell(0, 1, QStringLiteral("0.1")) && m_ok;
+        then(QStringLiteral("12-colour-list.png"),
+             QStringLiteral("selected Gold.diffuseColor (MFColor), typed 0.1 into R: a green ornament"));
+        return;
+    case 6:
+        m_ok = m_host->select(QStringLiteral("PedestalCoordinates.point")) &&
+               typeIntoListCell(4, 1, QStringLiteral("1.2")) && m_ok;
+        then(QStringLiteral("13-vector-list.png"),
+             QStringLiteral("selected PedestalCoordinates.point (MFVec3f), typed 1.2 into y of row 4: a "
+                            "raised corner"));
         return;
     default:
         emit finished(m_ok);

@@ -8,8 +8,9 @@ class KalHostWindow;
 
 // The scripted walk `make demo` takes when there is no person at a display:
 // select fields of several types, change one through its editor, undo it
-// from the Edit menu, add a row to a list and type into it, undo those, and
-// take a screenshot after each step.
+// from the Edit menu, add a row to a list and type into it, undo those, edit
+// the scene's colour and coordinate lists, and take a screenshot after each
+// step.
 class DemoTour : public QObject
 {
     Q_OBJECT
@@ -31,7 +32,7 @@ private:
     bool changeValue();
     bool undoFromMenu();
     bool addListRow();
-    bool typeIntoListRow();
+    bool typeIntoListCell(int row, int column, const QString& text);
 
     KalHostWindow* m_host;
     QString m_directory;

@@ -180,8 +180,16 @@ void tst_ListColorEditor::columnsAndTexts()
     QVERIFY(table()->inherits("FxMFColorTable"));
     QCOMPARE(table()->objectName(), QStringLiteral("FxMFieldTable"));
     QCOMPARE(headers(), (QStringList{"Color", "R", "G", "B"}));
-    for (int column = 0; column < 4; ++column)
+    // In a dock narrower than the columns' default widths.
+    KalShell::getInstance()->getMainWindow()->resize(420, 600);
+    QCoreApplication::processEvents();
+    QVERIFY(table()->viewport()->width() < 400);
+    for (int column = 0; column < 4; ++column) {
         QCOMPARE(table()->horizontalHeader()->sectionResizeMode(column), QHeaderView::Interactive);
+        // Blue is in sight as well as the swatch.
+        const QRect cell = table()->visualRect(table()->model()->index(0, column));
+        QVERIFY(table()->viewport()->rect().contains(cell.center()));
+    }
     QCOMPARE(table()->rowCount(), 2);
     FxMFieldWidget* editor = shownEditor();
     QCOMPARE(editor->getValueText(0, 0), QStringLiteral("1"));

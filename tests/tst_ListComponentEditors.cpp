@@ -144,8 +144,16 @@ void tst_ListComponentEditors::columnsAndTexts()
     QCOMPARE(shownEditor()->getValueAlignment(), int(Qt::AlignLeft));
     QVERIFY(shownEditor()->getValueText(0, headers.size()).isNull());
     QVERIFY(shownEditor()->getValueText(list->getNum(), 0).isNull());
-    for (int column = 0; column < headers.size(); ++column)
+    // In a dock narrower than the columns' default widths.
+    KalShell::getInstance()->getMainWindow()->resize(420, 600);
+    QCoreApplication::processEvents();
+    QVERIFY(table()->viewport()->width() < 400);
+    for (int column = 0; column < headers.size(); ++column) {
         QCOMPARE(table()->horizontalHeader()->sectionResizeMode(column), QHeaderView::Interactive);
+        // The table does not scroll sideways: every component is in sight.
+        const QRect cell = table()->visualRect(table()->model()->index(0, column));
+        QVERIFY2(table()->viewport()->rect().contains(cell.center()), qPrintable(QString::number(column)));
+    }
 }
 
 void tst_ListComponentEditors::editingOneComponentKeepsTheOthers_data()

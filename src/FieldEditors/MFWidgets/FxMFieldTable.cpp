@@ -261,6 +261,21 @@ void FxMFieldTable::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
+// The table never scrolls sideways, so its columns share its width: a fourth
+// component (a rotation's angle, a colour's blue) would otherwise sit past
+// the edge, out of reach. Columns stay resizable by hand until the next
+// resize.
+void FxMFieldTable::resizeEvent(QResizeEvent* event)
+{
+    QTableWidget::resizeEvent(event);
+    const int columns = columnCount();
+    if (columns < 2)
+        return;
+    const int width = viewport()->width() / columns;
+    for (int column = 0; column < columns - 1; ++column)
+        setColumnWidth(column, width);
+}
+
 // After the first Shift release the table has no selection mode until Shift
 // is pressed again: rows are picked only while Shift is held.
 void FxMFieldTable::keyReleaseEvent(QKeyEvent* event)

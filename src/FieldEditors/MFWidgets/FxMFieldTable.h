@@ -50,6 +50,7 @@ protected:
     void installDelegate(FxMFieldTableItemDelegate* delegate);
 
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 

@@ -16,7 +16,8 @@ function(kal_add_test name)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE KalDefaultsCore KalibraExtenderAPI KalSceneGraphExt
                                           Qt5::Test Qt5::Widgets Coin::Coin ${ARG_LIBS})
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    # Tests reach the stand-in host's test interface as well as its contract.
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/host/lib)
     target_compile_definitions(${name} PRIVATE ${ARG_DEFINITIONS})
     kal_project_warnings(${name})
     add_test(NAME ${name} COMMAND ${name})

@@ -7,6 +7,7 @@
 #include <vector>
 
 class KalExtension;
+class KalHostTesting;
 class KalPlugin;
 class KalProfile;
 
@@ -38,6 +39,8 @@ public:
     ~KalPluginsManager();
 
 private:
+    friend class KalHostTesting;
+
     KalPluginsManager();
     KalPluginsManager(const KalPluginsManager&) = delete;
     KalPluginsManager& operator=(const KalPluginsManager&) = delete;
@@ -53,6 +56,8 @@ private:
 
     std::vector<std::unique_ptr<LoadedPlugin>> m_plugins;
     std::list<KalProfile*> m_profiles;
+    // Profiles that exist but are not listed; owned like the listed ones.
+    std::list<KalProfile*> m_unlistedProfiles;
     KalProfile* m_activeProfile = nullptr;
     KalProfile* m_defaultProfile = nullptr;
     QString m_lastError;

@@ -73,7 +73,9 @@ KalProfile* KalPluginsManager::getActiveProfile() const
 
 bool KalPluginsManager::isKnownProfile(KalProfile* profile) const
 {
-    return std::find(m_profiles.begin(), m_profiles.end(), profile) != m_profiles.end();
+    return std::find(m_profiles.begin(), m_profiles.end(), profile) != m_profiles.end() ||
+           std::find(m_unlistedProfiles.begin(), m_unlistedProfiles.end(), profile) !=
+               m_unlistedProfiles.end();
 }
 
 void KalPluginsManager::addProfile(KalProfile* profile)
@@ -276,4 +278,7 @@ void KalPluginsManager::unloadAll()
     for (KalProfile* profile : m_profiles)
         delete profile;
     m_profiles.clear();
+    for (KalProfile* profile : m_unlistedProfiles)
+        delete profile;
+    m_unlistedProfiles.clear();
 }

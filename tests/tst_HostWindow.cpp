@@ -3,6 +3,7 @@
 // files, and what happens to the history when the scene is replaced.
 #include "FieldTesting.h"
 #include "HostWindowTesting.h"
+#include "TableTesting.h"
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalPluginsManager.h>
@@ -532,7 +533,7 @@ void tst_HostWindow::recentFilesReopen()
 // redraw.
 QImage tst_HostWindow::viewFrame() const
 {
-    QWidget* view = m_host->viewer()->getGLWidget();
+    QWidget* view = m_host->viewer()->getWidget();
     QTest::qWait(200);
     return QGuiApplication::primaryScreen()
         ->grabWindow(m_host->window()->winId())
@@ -554,8 +555,7 @@ int changedPixels(const QImage& before, const QImage& after)
     return changed;
 }
 
-// Types a value into a cell of the list editor shown in the dock, as a
-// person does: double click, text, Return.
+// Types a value into a cell of the list editor shown in the dock.
 bool typeIntoListCell(QDockWidget* dock, int row, int column, const QString& text)
 {
     QTableWidget* table = nullptr;
@@ -563,22 +563,7 @@ bool typeIntoListCell(QDockWidget* dock, int row, int column, const QString& tex
         if (candidate->isVisible())
             table = candidate;
     }
-    if (!table)
-        return false;
-    const QModelIndex cell = table->model()->index(row, column);
-    table->scrollTo(cell);
-    const QPoint centre = table->visualRect(cell).center();
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    QTest::mouseDClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    auto* edit = qobject_cast<QLineEdit*>(table->indexWidget(cell));
-    if (!edit)
-        return false;
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    QTest::keyClick(edit, Qt::Key_Return);
-    // The table commits the cell on its next turn of the event loop.
-    QCoreApplication::processEvents();
-    return true;
+    return typeIntoTableCell(table, row, column, text);
 }
 } // namespace
 
@@ -603,6 +588,12 @@ void tst_HostWindow::viewFollowsListEdits()
         QSKIP("The 3D view needs an X server (this test also runs under Xvfb).");
     QVERIFY(m_host->select(QStringLiteral("Gold.diffuseColor")));
     QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxMFColorWidget"));
+    // A SoQt view made after another in the same process is laid out a
+    // few dozen pixels wide, too narrow to see the edits in; this test then
+    // runs on its own (tst_HostWindow_view_xvfb).
+    QTest::qWait(100);
+    if (m_host->viewer()->getWidget()->width() < 200)
+        QSKIP("The 3D view of a second host window is too narrow; checked in a run of its own.");
     QImage before = viewFrame();
     QVERIFY(typeIntoListCell(fieldDock(), 0, 1, QStringLiteral("0.1")));
     SbString text;

@@ -4,6 +4,7 @@
 // through the replaceable dialog seam.
 #include "ListEditorTesting.h"
 #include "ListFieldsNode.h"
+#include "TableTesting.h"
 
 #include <FxMFColorTable.h>
 #include <FxMFColorWidget.h>
@@ -102,22 +103,9 @@ void clickSwatch(int row)
     processSensors();
 }
 
-// Opens a component cell's line edit as a person does and types into it.
 bool typeIntoCell(int row, int column, const QString& text)
 {
-    FxMFieldTable* shown = table();
-    const QPoint centre = cellCentre(row, column);
-    QTest::mouseClick(shown->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    QTest::mouseDClick(shown->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    auto* edit = qobject_cast<QLineEdit*>(shown->indexWidget(shown->model()->index(row, column)));
-    if (!edit)
-        return false;
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    QTest::keyClick(edit, Qt::Key_Return);
-    QCoreApplication::processEvents();
-    processSensors();
-    return true;
+    return typeIntoTableCell(table(), row, column, text);
 }
 
 } // namespace

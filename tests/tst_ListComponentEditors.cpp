@@ -5,6 +5,7 @@
 // hold left out of the field and the history.
 #include "ListEditorTesting.h"
 #include "ListFieldsNode.h"
+#include "TableTesting.h"
 
 #include <KalMFSetValueCommand.h>
 #include <SoKalExtensions.h>
@@ -35,30 +36,14 @@ QStringList rowTexts(int row)
     return texts;
 }
 
-// Opens a cell's line edit as a person does, with a click and a double
-// click.
 QLineEdit* openLine(int row, int column)
 {
-    FxMFieldTable* shown = table();
-    const QModelIndex index = shown->model()->index(row, column);
-    const QPoint centre = shown->visualRect(index).center();
-    QTest::mouseClick(shown->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    QTest::mouseDClick(shown->viewport(), Qt::LeftButton, Qt::NoModifier, centre);
-    return qobject_cast<QLineEdit*>(shown->indexWidget(index));
+    return openCellLine(table(), row, column);
 }
 
-// Types into a cell's line edit, Return.
 bool typeIntoCell(int row, int column, const QString& text)
 {
-    QLineEdit* edit = openLine(row, column);
-    if (!edit)
-        return false;
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    QTest::keyClick(edit, Qt::Key_Return);
-    QCoreApplication::processEvents();
-    processSensors();
-    return true;
+    return typeIntoTableCell(table(), row, column, text);
 }
 
 } // namespace

@@ -47,16 +47,8 @@ void FxTablePopupWidget::createWidget()
     m_editButton->setToolTip(tr("Edit the current row"));
     m_buttonsLayout->insertWidget(4, m_editButton);
 
-    m_popupFrame = new QFrame(frame, Qt::Popup);
-    m_popupFrame->setObjectName(QStringLiteral("m_popupFrame"));
-    m_popupFrame->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
-    m_popupFrame->resize(metric("PopupFrameWidth"), metric("PopupFrameHeight"));
-    m_popupFrame->setFrameShape(QFrame::StyledPanel);
-    m_popupFrame->setFrameShadow(QFrame::Raised);
-    m_popupLayout = new QGridLayout(m_popupFrame);
-    m_popupLayout->setContentsMargins(QMargins() + metric("PopupLayoutMargin"));
-    m_popupLayout->setSpacing(metric("PopupLayoutSpacing"));
-    m_popupLayout->setObjectName(QStringLiteral("m_popupFrameLayout"));
+    m_popupFrame = FxPopupWidget::makePopupFrame(frame);
+    m_popupLayout = static_cast<QGridLayout*>(m_popupFrame->layout());
 
     m_lineEdits.reserve(size_t(m_popupRows * m_popupColumns));
     for (int row = 0; row < m_popupRows; ++row) {

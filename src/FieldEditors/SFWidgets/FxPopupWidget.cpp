@@ -47,16 +47,8 @@ void FxPopupWidget::createWidget()
     // The summary only shows the field's text form.
     lineEdit->setEnabled(false);
 
-    popupFrame = new QFrame(frame, Qt::Popup);
-    popupFrame->setObjectName(QStringLiteral("m_popupFrame"));
-    popupFrame->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
-    popupFrame->resize(metric("PopupFrameWidth"), metric("PopupFrameHeight"));
-    popupFrame->setFrameShape(QFrame::StyledPanel);
-    popupFrame->setFrameShadow(QFrame::Raised);
-    popupLayout = new QGridLayout(popupFrame);
-    popupLayout->setContentsMargins(QMargins() + metric("PopupLayoutMargin"));
-    popupLayout->setSpacing(metric("PopupLayoutSpacing"));
-    popupLayout->setObjectName(QStringLiteral("m_popupFrameLayout"));
+    popupFrame = makePopupFrame(frame);
+    popupLayout = static_cast<QGridLayout*>(popupFrame->layout());
 
     cellCount = rows * columns;
     cells.assign(size_t(std::max(cellCount, 0)), nullptr);
@@ -70,6 +62,21 @@ void FxPopupWidget::createWidget()
             connect(cell, SIGNAL(returnPressed()), this, SLOT(applyChanges()));
         }
     }
+}
+
+QFrame* FxPopupWidget::makePopupFrame(QWidget* parent)
+{
+    auto* popup = new QFrame(parent, Qt::Popup);
+    popup->setObjectName(QStringLiteral("m_popupFrame"));
+    popup->setFrameStyle(QFrame::WinPanel | QFrame::Raised);
+    popup->resize(metric("PopupFrameWidth"), metric("PopupFrameHeight"));
+    popup->setFrameShape(QFrame::StyledPanel);
+    popup->setFrameShadow(QFrame::Raised);
+    auto* grid = new QGridLayout(popup);
+    grid->setContentsMargins(QMargins() + metric("PopupLayoutMargin"));
+    grid->setSpacing(metric("PopupLayoutSpacing"));
+    grid->setObjectName(QStringLiteral("m_popupFrameLayout"));
+    return popup;
 }
 
 bool FxPopupWidget::edited()

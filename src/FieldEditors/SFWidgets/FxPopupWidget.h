@@ -32,6 +32,9 @@ public:
     // The validator of a grid cell of that kind, in the C locale fields are
     // written in; null for kind 0 and unknown kinds.
     static QValidator* makeCellValidator(int kind, QObject* parent);
+    // An empty popup grid for an editor's frame: a raised panel of the
+    // popup metrics' size whose layout is the grid "m_popupFrameLayout".
+    static QFrame* makePopupFrame(QWidget* parent);
     void resetCellCursors();
 
     QFrame* getPopupFrame() const { return popupFrame; }

@@ -6,7 +6,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build test demo bench sanitize test-sanitize format clean
+.PHONY: all deps configure build test demo bench sanitize test-sanitize monkey monkey-sanitize format clean
 
 all: build
 
@@ -40,6 +40,19 @@ test-sanitize: sanitize
 	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS)
+
+# The input storm at full length: 100,000 seeded events (KAL_MONKEY_SEED to
+# pick another run), plainly and under the sanitizers.
+MONKEY_EVENTS ?= 100000
+monkey: build
+	cd $(BUILD) && QT_QPA_PLATFORM=offscreen KAL_MONKEY_EVENTS=$(MONKEY_EVENTS) ./bin/tst_Monkey -silent
+
+monkey-sanitize: sanitize
+	cd $(ASAN_BUILD) && QT_QPA_PLATFORM=offscreen KAL_MONKEY_EVENTS=$(MONKEY_EVENTS) \
+	  ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
+	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ./bin/tst_Monkey -silent
 
 format:
 	@git ls-files '*.h' '*.cpp' | xargs clang-format -i

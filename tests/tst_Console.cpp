@@ -25,6 +25,8 @@
 #include <QTextEdit>
 #include <QtTest>
 
+#include <optional>
+
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -89,8 +91,7 @@ private:
     std::unique_ptr<KalConsole> m_console;
     std::ostringstream m_out;
     std::ostringstream m_err;
-    std::streambuf* m_realOut = nullptr;
-    std::streambuf* m_realErr = nullptr;
+    std::optional<ConsoleTesting::StandardStreams> m_streams;
     QTemporaryDir m_dir;
 };
 
@@ -108,8 +109,7 @@ void tst_Console::init()
     // that what leaks past the console can be read back.
     m_out.str({});
     m_err.str({});
-    m_realOut = std::cout.rdbuf(m_out.rdbuf());
-    m_realErr = std::cerr.rdbuf(m_err.rdbuf());
+    m_streams.emplace(m_out, m_err);
     makeConsole();
 }
 
@@ -120,8 +120,7 @@ void tst_Console::cleanup()
         m_console->destroyWidget();
         m_console.reset();
     }
-    std::cout.rdbuf(m_realOut);
-    std::cerr.rdbuf(m_realErr);
+    m_streams.reset();
     ModalDialogs::setSaveFileName(nullptr);
     KalPluginsManager::getInstance()->unloadAll();
     qunsetenv("KALIBRA_STDOUT_CAPTURE");

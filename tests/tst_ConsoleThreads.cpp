@@ -15,6 +15,8 @@
 #include <QTextEdit>
 #include <QtTest>
 
+#include <optional>
+
 #include <atomic>
 #include <iostream>
 #include <memory>
@@ -60,8 +62,7 @@ private:
     std::unique_ptr<KalConsole> m_console;
     std::ostringstream m_out;
     std::ostringstream m_err;
-    std::streambuf* m_realOut = nullptr;
-    std::streambuf* m_realErr = nullptr;
+    std::optional<ConsoleTesting::StandardStreams> m_streams;
 };
 
 void tst_ConsoleThreads::initTestCase()
@@ -75,8 +76,7 @@ void tst_ConsoleThreads::init()
     qunsetenv("KALIBRA_STDOUT_CAPTURE");
     m_out.str({});
     m_err.str({});
-    m_realOut = std::cout.rdbuf(m_out.rdbuf());
-    m_realErr = std::cerr.rdbuf(m_err.rdbuf());
+    m_streams.emplace(m_out, m_err);
     makeConsole();
 }
 
@@ -87,10 +87,7 @@ void tst_ConsoleThreads::cleanup()
         m_console->destroyWidget();
         m_console.reset();
     }
-    std::cout.clear();
-    std::cerr.clear();
-    std::cout.rdbuf(m_realOut);
-    std::cerr.rdbuf(m_realErr);
+    m_streams.reset();
     KalPluginsManager::getInstance()->unloadAll();
 }
 

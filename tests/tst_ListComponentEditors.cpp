@@ -20,14 +20,6 @@ using namespace ListEditorTesting;
 
 namespace {
 
-QStringList headers()
-{
-    QStringList labels;
-    for (int column = 0; column < table()->columnCount(); ++column)
-        labels << table()->horizontalHeaderItem(column)->text();
-    return labels;
-}
-
 QStringList rowTexts(int row)
 {
     QStringList texts;
@@ -123,7 +115,7 @@ void tst_ListComponentEditors::columnsAndTexts()
     auto* list = static_cast<SoMField*>(m_node->getField(field.constData()));
     select(list);
     QCOMPARE(dock()->widget()->objectName(), editor);
-    QCOMPARE(::headers(), headers);
+    QCOMPARE(headerLabels(), headers);
     QCOMPARE(table()->rowCount(), list->getNum());
     QCOMPARE(rowTexts(0), firstRow);
     QCOMPARE(shownEditor()->getValueAlignment(), int(Qt::AlignLeft));

@@ -8,7 +8,36 @@
 #include <QTextDocument>
 #include <QTextEdit>
 
+#include <iostream>
+#include <sstream>
+
 namespace ConsoleTesting {
+
+// Points std::cout and std::cerr at the test's own buffers while it lives:
+// they stand for the streams the process had before the console, so that
+// what gets past the console can be read back. Leaving puts the real
+// streams back, in a good state whatever a test did to them.
+class StandardStreams
+{
+public:
+    StandardStreams(std::ostringstream& out, std::ostringstream& err)
+        : m_realOut(std::cout.rdbuf(out.rdbuf()))
+        , m_realErr(std::cerr.rdbuf(err.rdbuf()))
+    {}
+    ~StandardStreams()
+    {
+        std::cout.clear();
+        std::cerr.clear();
+        std::cout.rdbuf(m_realOut);
+        std::cerr.rdbuf(m_realErr);
+    }
+    StandardStreams(const StandardStreams&) = delete;
+    StandardStreams& operator=(const StandardStreams&) = delete;
+
+private:
+    std::streambuf* m_realOut;
+    std::streambuf* m_realErr;
+};
 
 struct Line
 {

@@ -80,6 +80,15 @@ inline FxMFieldTable* table()
     return child<FxMFieldTable>("FxMFieldTable");
 }
 
+// The texts of the shown table's column headers.
+inline QStringList headerLabels()
+{
+    QStringList labels;
+    for (int column = 0; column < table()->columnCount(); ++column)
+        labels << table()->horizontalHeaderItem(column)->text();
+    return labels;
+}
+
 inline AccessButtonPrivate* accessBox()
 {
     return child<AccessButtonPrivate>("m_accessBox");

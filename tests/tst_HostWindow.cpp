@@ -30,6 +30,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPushButton>
 #include <QScreen>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -299,7 +300,7 @@ void tst_HostWindow::commandTextsSayWhatChanged()
         return;
     QUndoStack* stack = KalServices::getInstance()->undoStack();
     QCOMPARE(stack->count(), 1);
-    QCOMPARE(stack->text(0), QStringLiteral("Set Quality.value: 0.60000002 \u2192 0.25"));
+    QCOMPARE(stack->text(0), QStringLiteral("Set Quality.value: 0.6 \u2192 0.25"));
     auto* undo = m_host->window()->findChild<QAction*>(QStringLiteral("UndoAction"));
     QVERIFY(undo && undo->isEnabled());
     undo->trigger();
@@ -307,6 +308,29 @@ void tst_HostWindow::commandTextsSayWhatChanged()
     QCOMPARE(static_cast<SoSFFloat*>(complexity->getField("value"))->getValue(), 0.6f);
     m_host->window()->findChild<QAction*>(QStringLiteral("RedoAction"))->trigger();
     QCOMPARE(static_cast<SoSFFloat*>(complexity->getField("value"))->getValue(), 0.25f);
+
+    // The ignore button changes a flag, not the value: the history says so.
+    auto* ignore = fieldDock()->findChild<QPushButton*>(QStringLiteral("m_ignoreButton"));
+    QVERIFY(ignore);
+    QTest::mouseClick(ignore, Qt::LeftButton);
+    QVERIFY(complexity->getField("value")->isIgnored());
+    QCOMPARE(stack->count(), 2);
+    QCOMPARE(stack->text(1), QStringLiteral("Ignore Quality.value"));
+    QTest::mouseClick(ignore, Qt::LeftButton);
+    QVERIFY(!complexity->getField("value")->isIgnored());
+    QCOMPARE(stack->count(), 3);
+    QCOMPARE(stack->text(2), QStringLiteral("Stop ignoring Quality.value"));
+
+    // Colours as a person writes them.
+    QVERIFY(m_host->select(QStringLiteral("Sampler.tint")));
+    auto* red = fieldDock()->findChildren<QLineEdit*>(QStringLiteral("SFColorLine")).value(0);
+    QVERIFY(red);
+    red->setFocus();
+    red->selectAll();
+    QTest::keyClicks(red, QStringLiteral("0.5"));
+    QTest::keyClick(red, Qt::Key_Return);
+    QCOMPARE(stack->count(), 4);
+    QCOMPARE(stack->text(3), QStringLiteral("Set Sampler.tint: 0.9 0.55 0.2 \u2192 0.5 0.55 0.2"));
 }
 
 void tst_HostWindow::badFilesKeepTheSceneOpen_data()

@@ -2,14 +2,17 @@
 // a scene of 100,000 nodes, rows made on demand, value texts that follow
 // the fields, and the paths --select understands.
 #include <KalFieldSampler.h>
+#include <RoundTripText.h>
 #include <SceneDocument.h>
 #include <SceneModel.h>
 #include <ScenePath.h>
 #include <SoKalExtensions.h>
 
 #include <Inventor/SoDB.h>
+#include <Inventor/fields/SoField.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoGroup.h>
+#include <Inventor/nodes/SoInfo.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -17,6 +20,8 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QtTest>
+
+#include <memory>
 
 namespace {
 
@@ -78,6 +83,9 @@ private slots:
     void longListsAreSummarised();
     void pathsByNameAndByPlaces();
     void unknownPathsSayWhy();
+    void numbersAreShownInTheirShortestForm_data();
+    void numbersAreShownInTheirShortestForm();
+    void tooltipsHoldWhatTheCellCuts();
 };
 
 void tst_SceneModel::initTestCase()
@@ -150,7 +158,7 @@ void tst_SceneModel::rowsShowNodesThenFieldsThenChildren()
     QCOMPARE(model.data(diffuse.siblingAtColumn(SceneModel::TypeColumn)).toString(),
              QStringLiteral("MFColor"));
     QCOMPARE(model.data(diffuse.siblingAtColumn(SceneModel::ValueColumn)).toString(),
-             QStringLiteral("[1] 0.80000001 0.75 0.64999998"));
+             QStringLiteral("[1] 0.8 0.75 0.65"));
     QVERIFY(model.field(diffuse));
     QCOMPARE(model.container(diffuse), model.container(stone));
     QVERIFY(!model.hasChildren(diffuse));
@@ -220,6 +228,100 @@ void tst_SceneModel::unknownPathsSayWhy()
     QVERIFY(!ScenePath::resolve(model, QStringLiteral("/x"), &error).isValid());
     model.setRoot(nullptr);
     QVERIFY(!ScenePath::resolve(model, QStringLiteral("Stone"), &error).isValid());
+}
+
+void tst_SceneModel::numbersAreShownInTheirShortestForm_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("float") << "SoSFFloat"
+                           << "0.6"
+                           << "0.6";
+    QTest::newRow("float needs all digits") << "SoSFFloat"
+                                            << "0.123456789"
+                                            << "0.12345679";
+    QTest::newRow("float exponent") << "SoSFFloat"
+                                    << "3e-12"
+                                    << "3e-12";
+    QTest::newRow("float huge") << "SoSFFloat"
+                                << "3.4028235e38"
+                                << "3.4028235e+38";
+    QTest::newRow("colour") << "SoSFColor"
+                            << "0.9 0.55 0.2"
+                            << "0.9 0.55 0.2";
+    QTest::newRow("rotation") << "SoSFRotation"
+                              << "0 1 0 0.785398"
+                              << "0 1 0 0.785398";
+    QTest::newRow("matrix") << "SoSFMatrix"
+                            << "0.1 0 0 0 0 1 0 0 0 0 1 0 1.5 -2.25 3 1"
+                            << "0.1 0 0 0 0 1 0 0 0 0 1 0 1.5 -2.25 3 1";
+    QTest::newRow("double keeps its digits") << "SoSFDouble"
+                                             << "0.1234567890123"
+                                             << "0.1234567890123";
+    QTest::newRow("time") << "SoSFTime"
+                          << "2.5"
+                          << "2.5";
+    QTest::newRow("string untouched") << "SoSFString"
+                                      << "\"0.60000002 and 1.5e3\""
+                                      << "\"0.60000002 and 1.5e3\"";
+    QTest::newRow("name untouched") << "SoSFName"
+                                    << "x0.5"
+                                    << "\"x0.5\"";
+    QTest::newRow("integer") << "SoSFInt32"
+                             << "1234"
+                             << "1234";
+    QTest::newRow("image data untouched") << "SoSFImage"
+                                          << "1 1 1 0xe5"
+                                          << "1 1 1 0xe5";
+}
+
+void tst_SceneModel::numbersAreShownInTheirShortestForm()
+{
+    QFETCH(QString, type);
+    QFETCH(QString, value);
+    QFETCH(QString, shown);
+    const SoType fieldType = SoType::fromName(SbName(type.toLatin1().constData()));
+    QVERIFY(!fieldType.isBad());
+    std::unique_ptr<SoField> field(static_cast<SoField*>(fieldType.createInstance()));
+    QVERIFY(field->set(value.toUtf8().constData()));
+    // Coin's own line breaks and spacing are the views' to fold.
+    QCOMPARE(RoundTripText::of(field.get()).simplified(), shown);
+
+    // What is shown reads back to the very value the field holds.
+    std::unique_ptr<SoField> again(static_cast<SoField*>(fieldType.createInstance()));
+    QVERIFY(again->set(shown.toUtf8().constData()));
+    QVERIFY(*again == *field);
+}
+
+void tst_SceneModel::tooltipsHoldWhatTheCellCuts()
+{
+    auto* root = new SoSeparator;
+    root->ref();
+    auto* material = new SoMaterial;
+    material->diffuseColor.setNum(3);
+    const QString caption = QString(300, QLatin1Char('w'));
+    auto* info = new SoInfo;
+    info->string.setValue(caption.toLatin1().constData());
+    root->addChild(material);
+    root->addChild(info);
+    SceneModel model;
+    model.setRoot(root);
+    const QModelIndex top = model.index(0, 0);
+    QModelIndex infoRow;
+    for (int row = 0; row < model.rowCount(top); ++row) {
+        if (model.data(model.index(row, SceneModel::TypeColumn, top)).toString() == QLatin1String("Info"))
+            infoRow = model.index(row, 0, top);
+    }
+    QVERIFY(infoRow.isValid());
+    const QModelIndex stringRow = model.index(0, SceneModel::ValueColumn, infoRow);
+    const QString cell = model.data(stringRow, Qt::DisplayRole).toString();
+    const QString tip = model.data(stringRow, Qt::ToolTipRole).toString();
+    QVERIFY(cell.size() < 200);
+    QVERIFY(cell.endsWith(QChar(0x2026)));
+    QCOMPARE(tip, QLatin1Char('"') + caption + QLatin1Char('"'));
+    model.setRoot(nullptr);
+    root->unref();
 }
 
 QTEST_MAIN(tst_SceneModel)

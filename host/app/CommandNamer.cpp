@@ -1,5 +1,7 @@
 #include "CommandNamer.h"
 
+#include "RoundTripText.h"
+
 #include <Inventor/SbName.h>
 #include <Inventor/SbString.h>
 #include <Inventor/fields/SoField.h>
@@ -45,11 +47,9 @@ void CommandNamer::reset()
 
 QString CommandNamer::shortText(SoField* field)
 {
-    SbString text;
     if (field->isOfType(SoMField::getClassTypeId()) && static_cast<SoMField*>(field)->getNum() > 4)
         return QObject::tr("%1 values").arg(static_cast<SoMField*>(field)->getNum());
-    field->get(text);
-    QString shown = QString::fromUtf8(text.getString()).simplified();
+    QString shown = RoundTripText::of(field).simplified();
     if (shown.size() > kMaxValueLength)
         shown = shown.left(kMaxValueLength - 1) + QChar(0x2026);
     return shown;
@@ -59,6 +59,7 @@ CommandNamer::Seen CommandNamer::seen(SoField* field)
 {
     Seen result;
     result.text = shortText(field);
+    result.ignored = field->isIgnored();
     if (field->isOfType(SoMField::getClassTypeId()))
         result.count = static_cast<SoMField*>(field)->getNum();
     return result;
@@ -76,6 +77,9 @@ QString CommandNamer::describe(SoField* field, const Seen& before, const Seen& a
         return rows > 0 ? tr("Add %1 rows to %2").arg(rows).arg(where)
                         : tr("Delete %1 rows from %2").arg(-rows).arg(where);
     }
+    if (!before.text.isNull() && before.text == after.text && before.ignored != after.ignored)
+        return after.ignored ? tr("Ignore %1").arg(placeOf(field))
+                             : tr("Stop ignoring %1").arg(placeOf(field));
     return describe(field, before.text, after.text);
 }
 

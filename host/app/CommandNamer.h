@@ -22,16 +22,19 @@ public:
     // The scene is going away: forget every field.
     void reset();
 
-    // What was seen of a field: its short text and, for a list, its count.
+    // What was seen of a field: its short text, its ignore flag and, for a
+    // list, its count.
     struct Seen
     {
         QString text;
         int count = -1;
+        bool ignored = false;
     };
 
     static QString describe(SoField* field, const QString& before, const QString& after);
-    // As above, and for a list whose count changed, the rows added or
-    // deleted rather than two texts that say little.
+    // As above; for a list whose count changed, the rows added or deleted
+    // rather than two texts that say little; for a flipped ignore flag on an
+    // unchanged value, "Ignore ..." or "Stop ignoring ...".
     static QString describe(SoField* field, const Seen& before, const Seen& after);
     static QString shortText(SoField* field);
     static Seen seen(SoField* field);

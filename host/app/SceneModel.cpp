@@ -1,6 +1,7 @@
 #include "SceneModel.h"
 
 #include "LargeStack.h"
+#include "RoundTripText.h"
 
 #include <Inventor/SbName.h>
 #include <Inventor/SbString.h>
@@ -22,17 +23,19 @@ namespace {
 // a short one does.
 constexpr int kMaxShownValues = 6;
 constexpr int kMaxTextLength = 160;
+constexpr int kMaxToolTipLength = 2000;
 
-QString clipped(const SbString& text)
+QString clipped(const QString& text, int maxLength = kMaxTextLength)
 {
-    QString shown = QString::fromUtf8(text.getString()).simplified();
-    if (shown.size() > kMaxTextLength)
-        shown = shown.left(kMaxTextLength - 1) + QChar(0x2026);
+    QString shown = text.simplified();
+    if (shown.size() > maxLength)
+        shown = shown.left(maxLength - 1) + QChar(0x2026);
     return shown;
 }
 
-QString valueText(SoField* field)
+QString valueText(SoField* field, int maxLength = kMaxTextLength)
 {
+    const SoType type = field->getTypeId();
     if (field->isOfType(SoMField::getClassTypeId())) {
         auto* list = static_cast<SoMField*>(field);
         const int count = list->getNum();
@@ -40,16 +43,14 @@ QString valueText(SoField* field)
         for (int i = 0; i < count && i < kMaxShownValues; ++i) {
             SbString value;
             list->get1(i, value);
-            values << clipped(value);
+            values << clipped(RoundTripText::shorten(QString::fromUtf8(value.getString()), type), maxLength);
         }
         QString text = QStringLiteral("[%1] %2").arg(count).arg(values.join(QStringLiteral(", ")));
         if (count > kMaxShownValues)
             text += QStringLiteral(", ") + QChar(0x2026);
-        return clipped(SbString(text.toUtf8().constData()));
+        return clipped(text, maxLength);
     }
-    SbString value;
-    field->get(value);
-    return clipped(value);
+    return clipped(RoundTripText::of(field), maxLength);
 }
 
 } // namespace
@@ -278,7 +279,9 @@ QVariant SceneModel::data(const QModelIndex& index, int role) const
     case TypeColumn:
         return QString::fromLatin1(item->field->getTypeId().getName().getString());
     default:
-        return valueText(item->field);
+        // The tooltip shows what the cell cuts, up to a size a tooltip can
+        // hold.
+        return valueText(item->field, role == Qt::ToolTipRole ? kMaxToolTipLength : kMaxTextLength);
     }
 }
 

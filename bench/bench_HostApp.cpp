@@ -54,7 +54,8 @@ KalHostWindow& host()
         options.interactive = false;
         options.view = false;
         auto* window = new KalHostWindow(options);
-        KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+        window->pluginLoaded(
+            KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH)));
         window->arrangeDocks();
         window->window()->show();
         return window;

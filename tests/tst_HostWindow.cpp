@@ -25,6 +25,7 @@
 #include <Inventor/nodes/SoNode.h>
 #include <Inventor/sensors/SoSensorManager.h>
 
+#include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -32,6 +33,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
+#include <QSettings>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTreeView>
@@ -413,6 +415,8 @@ void tst_HostWindow::unsavedChangesAreAskedAbout()
 void tst_HostWindow::fileMenuAsksForItsFiles()
 {
     using Question = KalHostWindow::FileQuestion;
+    // No directory remembered yet: a scene without a file starts at home.
+    QSettings().remove(QStringLiteral("lastDirectory"));
     QList<QPair<Question, QString>> asked;
     QString answer;
     m_host->setFileQuestion([&](Question question, const QString& startPath) {
@@ -429,7 +433,7 @@ void tst_HostWindow::fileMenuAsksForItsFiles()
     trigger("SaveAction");
     QCOMPARE(asked.size(), 1);
     QCOMPARE(asked.last().first, Question::SaveAs);
-    QCOMPARE(asked.last().second, QString());
+    QCOMPARE(asked.last().second, QDir::homePath());
     const QString saved = m_dir.filePath(QStringLiteral("asked.iv"));
     QVERIFY(!QFile::exists(saved));
 
@@ -471,6 +475,14 @@ void tst_HostWindow::fileMenuAsksForItsFiles()
     trigger("OpenAction");
     QCOMPARE(asked.size(), 4);
     QVERIFY(m_host->select(QStringLiteral("Asked.diffuseColor")));
+
+    // A scene without a file starts where the last one was opened or saved,
+    // in this run or an earlier one.
+    m_host->openSample();
+    trigger("SaveAction");
+    QCOMPARE(asked.size(), 5);
+    QCOMPARE(asked.last().second, m_dir.path());
+    QCOMPARE(QSettings().value(QStringLiteral("lastDirectory")).toString(), m_dir.path());
 }
 
 void tst_HostWindow::screenshotIsWritten()

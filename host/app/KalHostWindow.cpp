@@ -1,10 +1,15 @@
 #include "KalHostWindow.h"
 
 #include "CommandNamer.h"
+#include "HostStatusBar.h"
 #include "SceneDocument.h"
 #include "SceneModel.h"
 #include "ScenePath.h"
+#include "SelectionCaption.h"
+#include "WindowLayout.h"
 
+#include <KalEditor.h>
+#include <KalPlugin.h>
 #include <KalPluginsManager.h>
 #include <KalProfile.h>
 #include <KalServices.h>
@@ -18,7 +23,9 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -30,6 +37,7 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QSettings>
+#include <QStatusBar>
 #include <QTextStream>
 #include <QTimer>
 #include <QTreeView>
@@ -46,6 +54,7 @@ static void initHostResources()
 namespace {
 constexpr int kMaxRecentFiles = 8;
 const char* const kRecentKey = "recentFiles";
+const char* const kDirectoryKey = "lastDirectory";
 const char* const kSampleOrigin = "built-in sample scene";
 
 QString sceneFilter()
@@ -66,13 +75,15 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     m_window->setDockOptions(m_window->dockOptions() | QMainWindow::AllowTabbedDocks);
     buildCentre();
     buildDocks();
+    m_layout = new WindowLayout(m_window, {m_treeDock, m_historyDock}, m_caption->dock(), this);
+    m_status = new HostStatusBar(m_window, this);
     buildMenus();
     connect(m_model, &SceneModel::fieldChanged, this, &KalHostWindow::fieldChanged);
     connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
     connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
             &CommandNamer::noteSelection);
     m_window->installEventFilter(this);
-    m_window->resize(1280, 800);
+    m_layout->fitToScreen();
     refreshTitle();
 }
 
@@ -91,7 +102,9 @@ KalHostWindow::~KalHostWindow()
     m_model->setRoot(nullptr);
     delete m_treeDock;
     delete m_historyDock;
+    delete m_caption->dock();
     delete m_centre;
+    delete m_status;
     // The main window outlives this object (the shell keeps it).
     qDeleteAll(m_menus);
 }
@@ -155,6 +168,7 @@ void KalHostWindow::buildCentre()
     } else {
         auto* note = new QLabel(tr("The 3D view is off (no OpenGL display)."), m_centre);
         note->setAlignment(Qt::AlignCenter);
+        note->setWordWrap(true);
         layout->addWidget(note);
     }
     m_window->setCentralWidget(m_centre);
@@ -169,6 +183,9 @@ void KalHostWindow::buildDocks()
     m_tree->setAlternatingRowColors(true);
     m_tree->setSelectionMode(QAbstractItemView::SingleSelection);
     m_tree->header()->setStretchLastSection(true);
+    // Values are cut in the middle, where a long list or path says least;
+    // the tooltip holds the whole value.
+    m_tree->setTextElideMode(Qt::ElideMiddle);
     m_tree->setColumnWidth(SceneModel::NameColumn, 200);
     m_tree->setColumnWidth(SceneModel::TypeColumn, 130);
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
@@ -186,8 +203,13 @@ void KalHostWindow::buildDocks()
     m_historyDock->setWidget(m_history);
     m_window->addDockWidget(Qt::LeftDockWidgetArea, m_historyDock);
     // Room for names, types and a glance at the values.
-    m_window->resizeDocks({m_treeDock}, {440}, Qt::Horizontal);
+    m_window->resizeDocks({m_treeDock}, {WindowLayout::kLeftWidth}, Qt::Horizontal);
     m_window->resizeDocks({m_treeDock, m_historyDock}, {560, 160}, Qt::Vertical);
+
+    // The right column opens with the caption, before the plug-ins put
+    // their editor docks under it.
+    m_caption = new SelectionCaption;
+    m_window->addDockWidget(Qt::RightDockWidgetArea, m_caption->dock());
 }
 
 void KalHostWindow::buildMenus()
@@ -233,6 +255,11 @@ void KalHostWindow::buildMenus()
     auto* view = new QMenu(tr("&View"), bar);
     view->addAction(m_treeDock->toggleViewAction());
     view->addAction(m_historyDock->toggleViewAction());
+    view->addAction(m_caption->dock()->toggleViewAction());
+    view->addSeparator();
+    QAction* reset = view->addAction(tr("&Reset Layout"), this, &KalHostWindow::resetLayout);
+    reset->setObjectName(QStringLiteral("ResetLayoutAction"));
+    view->setObjectName(QStringLiteral("ViewMenu"));
     bar->insertMenu(before, view);
     m_menus = {file, edit, m_profilesMenu, view};
 
@@ -292,6 +319,7 @@ void KalHostWindow::openRecent()
 void KalHostWindow::fail(const QString& message)
 {
     m_lastError = message;
+    m_status->showFailure(message);
     QTextStream(stderr) << "kalhost: " << message << '\n';
     if (!m_options.interactive)
         return;
@@ -318,6 +346,8 @@ void KalHostWindow::openSample()
 bool KalHostWindow::openScene(const QString& path)
 {
     QString error;
+    QElapsedTimer timer;
+    timer.start();
     SoSeparator* root = SceneDocument::read(path, &error);
     if (!root) {
         // The scene that was open stays open.
@@ -325,7 +355,9 @@ bool KalHostWindow::openScene(const QString& path)
         return false;
     }
     setScene(root, QFileInfo(path).absoluteFilePath());
+    m_status->showOpened(QFileInfo(path).fileName(), root, timer.elapsed());
     addRecent(path);
+    rememberDirectory(path);
     return true;
 }
 
@@ -358,10 +390,14 @@ void KalHostWindow::setScene(SoSeparator* root, const QString& path)
 bool KalHostWindow::saveScene(const QString& path)
 {
     QString error;
+    QElapsedTimer timer;
+    timer.start();
     if (!SceneDocument::write(static_cast<SoSeparator*>(m_model->root()), path, &error)) {
         fail(error);
         return false;
     }
+    m_status->showSaved(QFileInfo(path).fileName(), m_model->root(), timer.elapsed());
+    rememberDirectory(path);
     m_path = QFileInfo(path).absoluteFilePath();
     m_changedSinceSave = false;
     KalServices::getInstance()->undoStack()->setClean();
@@ -392,11 +428,23 @@ void KalHostWindow::open()
 
 QString KalHostWindow::askForFile(FileQuestion question)
 {
+    const QString start = m_path.isEmpty() ? startDirectory() : m_path;
     if (m_fileQuestion)
-        return m_fileQuestion(question, m_path);
+        return m_fileQuestion(question, start);
     if (question == FileQuestion::Open)
-        return QFileDialog::getOpenFileName(m_window, tr("Open Scene"), m_path, sceneFilter());
-    return QFileDialog::getSaveFileName(m_window, tr("Save Scene"), m_path, sceneFilter());
+        return QFileDialog::getOpenFileName(m_window, tr("Open Scene"), start, sceneFilter());
+    return QFileDialog::getSaveFileName(m_window, tr("Save Scene"), start, sceneFilter());
+}
+
+QString KalHostWindow::startDirectory() const
+{
+    const QString remembered = QSettings().value(QLatin1String(kDirectoryKey)).toString();
+    return !remembered.isEmpty() && QFileInfo(remembered).isDir() ? remembered : QDir::homePath();
+}
+
+void KalHostWindow::rememberDirectory(const QString& path)
+{
+    QSettings().setValue(QLatin1String(kDirectoryKey), QFileInfo(path).absolutePath());
 }
 
 bool KalHostWindow::mayDiscard()
@@ -424,9 +472,12 @@ bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
                 m_viewer->viewAll();
         });
     }
-    if (watched == m_window && event->type() == QEvent::Close && !mayDiscard()) {
-        event->ignore();
-        return true;
+    if (watched == m_window && event->type() == QEvent::Close) {
+        if (!mayDiscard()) {
+            event->ignore();
+            return true;
+        }
+        saveLayout();
     }
     return QObject::eventFilter(watched, event);
 }
@@ -437,6 +488,8 @@ void KalHostWindow::currentRowChanged()
     const QModelIndex row = rows.isEmpty() ? QModelIndex() : rows.first();
     SoField* field = m_model->field(row);
     SoFieldContainer* node = m_model->container(row);
+    m_caption->showRow(row, field != nullptr);
+    m_status->showSelection(row.isValid() ? m_caption->plainText() : QString());
     KalServices* services = KalServices::getInstance();
     if (node != m_selectedNode) {
         m_selectedNode = node;
@@ -458,22 +511,34 @@ void KalHostWindow::fieldChanged(SoField*)
 
 void KalHostWindow::arrangeDocks()
 {
-    // The plug-in's docks arrive after the window is built; the 3D view
-    // keeps the larger share of the width, the console a strip below.
-    QList<QDockWidget*> right;
-    QList<QDockWidget*> bottom;
-    for (QDockWidget* dock : m_window->findChildren<QDockWidget*>()) {
-        if (dock->parentWidget() != m_window)
-            continue;
-        if (m_window->dockWidgetArea(dock) == Qt::RightDockWidgetArea)
-            right << dock;
-        else if (m_window->dockWidgetArea(dock) == Qt::BottomDockWidgetArea)
-            bottom << dock;
+    m_layout->arrange();
+}
+
+bool KalHostWindow::restoreLayout()
+{
+    return m_layout->restore();
+}
+
+void KalHostWindow::saveLayout()
+{
+    m_layout->save();
+}
+
+void KalHostWindow::resetLayout()
+{
+    m_layout->reset();
+}
+
+void KalHostWindow::pluginLoaded(KalPlugin* plugin, const QString& error)
+{
+    m_status->showPlugin(plugin, error);
+    if (!plugin)
+        return;
+    for (KalExtension* extension : plugin->getExtensions()) {
+        auto* editor = qobject_cast<KalEditor*>(extension);
+        if (editor && editor->getWidget())
+            m_layout->noteEditorWidth(editor->getWidget()->minimumSizeHint().width());
     }
-    if (!right.isEmpty())
-        m_window->resizeDocks(right, QVector<int>(right.size(), 460).toList(), Qt::Horizontal);
-    if (!bottom.isEmpty())
-        m_window->resizeDocks(bottom, QVector<int>(bottom.size(), 150).toList(), Qt::Vertical);
 }
 
 bool KalHostWindow::select(const QString& path)

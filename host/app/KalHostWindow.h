@@ -7,6 +7,10 @@
 #include <functional>
 
 class CommandNamer;
+class HostStatusBar;
+class KalPlugin;
+class SelectionCaption;
+class WindowLayout;
 class QAction;
 class QDockWidget;
 class QMainWindow;
@@ -57,8 +61,19 @@ public:
     bool select(const QString& path);
     bool writeScreenshot(const QString& path);
 
-    // Gives the plug-ins' docks sizes that leave the 3D view room.
+    // Gives the plug-ins' docks sizes that leave the 3D view room; called
+    // once the plug-ins are loaded. The arrangement is also what the View
+    // menu's "Reset Layout" returns to.
     void arrangeDocks();
+    // The window's shape as the last run left it, if it was saved; saved
+    // again when the window closes.
+    bool restoreLayout();
+    void saveLayout();
+    void resetLayout();
+
+    // A plug-in was loaded (or not, and why): the status bar says so, and
+    // the right column is made wide enough for the widest of its editors.
+    void pluginLoaded(KalPlugin* plugin, const QString& error = QString());
 
     // Adds the Profiles menu entries for the profiles the host holds.
     void refreshProfilesMenu();
@@ -105,6 +120,8 @@ private:
     void addRecent(const QString& path);
     void refreshRecentMenu();
     void refreshTitle();
+    QString startDirectory() const;
+    void rememberDirectory(const QString& path);
 
     Options m_options;
     QMainWindow* m_window;
@@ -115,6 +132,9 @@ private:
     QDockWidget* m_historyDock = nullptr;
     QUndoView* m_history = nullptr;
     QWidget* m_centre = nullptr;
+    SelectionCaption* m_caption = nullptr;
+    WindowLayout* m_layout = nullptr;
+    HostStatusBar* m_status = nullptr;
     SoQtExaminerViewer* m_viewer = nullptr;
     QList<QMenu*> m_menus;
     QMenu* m_recentMenu = nullptr;

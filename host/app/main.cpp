@@ -196,6 +196,7 @@ int main(int argc, char** argv)
     int status = 0;
     KalPluginsManager* manager = KalPluginsManager::getInstance();
     KalPlugin* plugin = manager->loadPlugin(parser.value(pluginOption));
+    host->pluginLoaded(plugin, manager->lastError());
     if (!plugin) {
         // The application stays usable: scenes open, only the editors are
         // missing.
@@ -261,6 +262,7 @@ int main(int argc, char** argv)
     }
     host->refreshProfilesMenu();
     host->arrangeDocks();
+    host->restoreLayout();
 
     const QStringList positional = parser.positionalArguments();
     if (positional.isEmpty() || !host->openScene(positional.first())) {

@@ -70,6 +70,7 @@ void KalConsole::createWidget()
     dock->setObjectName(QStringLiteral("KalConsoleDock"));
     frame = new QFrame(dock);
     setupUi(frame);
+    keepButtonsInSight();
     showErrors = showInfos = showWarnings = true;
     connect(m_clearButton, SIGNAL(clicked()), this, SLOT(clear()));
     connect(m_errorsButton, SIGNAL(toggled(bool)), this, SLOT(outputErrors()));
@@ -77,6 +78,21 @@ void KalConsole::createWidget()
     connect(m_saveButton, SIGNAL(clicked()), this, SLOT(save()));
     connect(m_warningsButton, SIGNAL(toggled(bool)), this, SLOT(outputWarnings()));
     installErrorHandlers();
+}
+
+void KalConsole::keepButtonsInSight()
+{
+    // With the style's default margins the column of five buttons is taller
+    // than a console strip, and the scroll area around it hid the last
+    // three. Tighter margins let the column fit, and the scroll area is never
+    // allowed to be shorter than what it holds, so no button is out of sight
+    // at any height the dock can take.
+    const int margin = 2;
+    verticalLayout->setContentsMargins(margin, margin, margin, margin);
+    horizontalLayout->setContentsMargins(margin, margin, margin, margin);
+    m_buttonsLayout->setSpacing(margin);
+    m_consoleScrollArea->setMinimumHeight(m_scrollAreaContents->minimumSizeHint().height() +
+                                          2 * m_consoleScrollArea->frameWidth());
 }
 
 void KalConsole::destroyWidget()

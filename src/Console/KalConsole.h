@@ -77,6 +77,7 @@ public slots:
 private:
     void display(bool shown, const QColor& colour, const QString& text);
     void installErrorHandlers();
+    void keepButtonsInSight();
     void restoreErrorHandlers();
     static void stdErrCallback(const char* text, std::streamsize count, void* data);
     static void stdOutCallback(const char* text, std::streamsize count, void* data);

@@ -37,10 +37,12 @@ inline std::unique_ptr<KalHostWindow> sampleWithPlugin(bool view)
     options.view = view;
     std::unique_ptr<KalHostWindow> host(new KalHostWindow(options));
     KalPluginsManager* manager = KalPluginsManager::getInstance();
-    if (!manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH))) {
+    KalPlugin* plugin = manager->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+    if (!plugin) {
         qWarning() << manager->lastError();
         return nullptr;
     }
+    host->pluginLoaded(plugin);
     host->arrangeDocks();
     host->openSample();
     host->window()->show();

@@ -5,6 +5,7 @@
 #include "PanelCacheStyle.h"
 
 #include <QDoubleValidator>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +15,19 @@ namespace {
 int metric(const char* name)
 {
     return LayoutMetrics::value(QLatin1String(name));
+}
+
+// The caption's fixed height is less than a line of the default font, which
+// cut the tail off "y"; the caption's font shrinks until a whole line fits.
+void fitFontToHeight(QLabel* label, int height)
+{
+    QFont font = label->font();
+    qreal size = font.pointSizeF();
+    while (size > 5 && QFontMetrics(font).height() > height) {
+        size -= 0.5;
+        font.setPointSizeF(size);
+    }
+    label->setFont(font);
 }
 } // namespace
 
@@ -28,6 +42,7 @@ QLabel* ComponentColumn::add(QWidget* frame, QHBoxLayout* row, const ComponentCo
     auto* label = new QLabel(frame);
     label->setObjectName(QLatin1String(style.labelName));
     label->setFixedHeight(metric("SFVecLabelHeight"));
+    fitFontToHeight(label, label->height());
     column->addWidget(label, 0);
     input->setFixedHeight(metric("SFVecLineHeight"));
     column->addWidget(input, 0);

@@ -153,6 +153,9 @@ void FxSFieldWidget::createWidget()
     buttons->addWidget(ignoreButton);
     outer->addLayout(buttons, 0);
     outer->setSizeConstraint(QLayout::SetMinimumSize);
+    // A dock is much taller than an editor's rows; they stay together at its
+    // top instead of spreading over its height.
+    outer->setAlignment(Qt::AlignTop);
 
     connect(defaultButton, SIGNAL(clicked()), this, SLOT(setDefaultFieldValue()));
     connect(ignoreButton, SIGNAL(released()), this, SLOT(ignoreButtonStateChanged()));

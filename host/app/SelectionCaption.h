@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLabel>
+#include <QModelIndex>
+#include <QString>
+
+class QDockWidget;
+
+// Says which node and field the editors below it are editing. It sits at the
+// top of the window's right column, which it also holds open when the
+// plug-in hides its docks, so that the 3D view keeps its width.
+class SelectionCaption : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit SelectionCaption(QWidget* parent = nullptr);
+
+    // The dock the caption lives in, made on first call ("SelectionDock").
+    QDockWidget* dock();
+
+    // A row of the scene tree (invalid: nothing selected), a field's row or
+    // a node's.
+    void showRow(const QModelIndex& row, bool fieldRow);
+    QString plainText() const;
+
+    // "Separator/Sampler.orientation" for a field row, "Separator/Sampler"
+    // for a node row: the names from the top of the tree down.
+    static QString pathOf(const QModelIndex& row, bool fieldRow);
+    // The type name shown in the tree's type column.
+    static QString typeOf(const QModelIndex& row);
+
+private:
+    QDockWidget* m_dock = nullptr;
+    QString m_plain;
+};

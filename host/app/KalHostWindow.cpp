@@ -2,6 +2,7 @@
 
 #include "CommandNamer.h"
 #include "SceneDocument.h"
+#include "SceneFilterBox.h"
 #include "SceneModel.h"
 #include "ScenePath.h"
 
@@ -175,7 +176,7 @@ void KalHostWindow::buildDocks()
             &KalHostWindow::currentRowChanged);
     m_treeDock = new QDockWidget(tr("Scene"));
     m_treeDock->setObjectName(QStringLiteral("SceneTreeDock"));
-    m_treeDock->setWidget(m_tree);
+    m_treeDock->setWidget(new SceneFilterBox(m_tree, m_model));
     m_window->addDockWidget(Qt::LeftDockWidgetArea, m_treeDock);
 
     m_history = new QUndoView(KalServices::getInstance()->undoStack());

@@ -5,6 +5,7 @@
 #include "SceneFilterBox.h"
 #include "SceneModel.h"
 #include "ScenePath.h"
+#include "ViewPicker.h"
 
 #include <KalPluginsManager.h>
 #include <KalProfile.h>
@@ -68,6 +69,8 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     buildCentre();
     buildDocks();
     buildMenus();
+    if (m_viewer)
+        m_picker = new ViewPicker(m_viewer, m_tree, m_model, this);
     connect(m_model, &SceneModel::fieldChanged, this, &KalHostWindow::fieldChanged);
     connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
     connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
@@ -343,7 +346,7 @@ void KalHostWindow::setScene(SoSeparator* root, const QString& path)
     KalServices::getInstance()->clearHistory();
     m_namer->reset();
     if (m_viewer)
-        m_viewer->setSceneGraph(root);
+        m_viewer->setSceneGraph(m_picker->frame(root));
     m_model->setRoot(root);
     root->unrefNoDelete();
     m_tree->expand(m_model->index(0, 0));

@@ -71,32 +71,44 @@ int SceneFilterBox::matchCount() const
 
 void SceneFilterBox::forgetRows()
 {
-    m_hidden.clear();
-    m_opened.clear();
+    m_narrowed.clear();
+    m_rootHidden = false;
 }
 
-void SceneFilterBox::hideRow(int row, const QModelIndex& parent)
+template <typename Hidden>
+void SceneFilterBox::forEachHidden(Hidden hidden) const
 {
-    m_tree->setRowHidden(row, parent, true);
-    m_hidden.emplace_back(m_model->index(row, 0, parent));
+    if (m_rootHidden)
+        hidden(0, QModelIndex());
+    for (const Narrowed& narrowed : m_narrowed) {
+        if (!narrowed.row.isValid())
+            continue;
+        const QModelIndex here = narrowed.row;
+        const int count = m_model->rowCount(here);
+        auto kept = narrowed.keptRows.begin();
+        for (int row = 0; row < count; ++row) {
+            if (kept != narrowed.keptRows.end() && *kept == row)
+                ++kept;
+            else
+                hidden(row, here);
+        }
+    }
 }
 
 void SceneFilterBox::restore()
 {
     // Shown again first: that puts off the tree's layout to one pass, and
     // the rows folded below only drop out of a list until then.
-    for (const QPersistentModelIndex& row : m_hidden) {
-        if (row.isValid())
-            m_tree->setRowHidden(row.row(), row.parent(), false);
-    }
+    forEachHidden([this](int row, const QModelIndex& parent) { m_tree->setRowHidden(row, parent, false); });
     // What the filter opened folds again, except the rows the current one
     // sits under: the row a person picked while filtering stays in sight.
     std::unordered_set<void*> holdingCurrent;
     for (QModelIndex up = m_tree->currentIndex(); up.isValid(); up = up.parent())
         holdingCurrent.insert(up.internalPointer());
-    for (const QPersistentModelIndex& row : m_opened) {
-        if (row.isValid() && !holdingCurrent.count(row.internalPointer()))
-            m_tree->collapse(row);
+    for (const Narrowed& narrowed : m_narrowed) {
+        if (narrowed.opened && narrowed.row.isValid() &&
+            !holdingCurrent.count(narrowed.row.internalPointer()))
+            m_tree->collapse(narrowed.row);
     }
     forgetRows();
 }
@@ -112,36 +124,27 @@ void SceneFilterBox::apply()
             m_tree->scrollTo(m_tree->currentIndex());
         return;
     }
-    const SceneSearch::Result found = SceneSearch::run(m_model->root(), text);
+    SceneSearch::Result found = SceneSearch::run(m_model->root(), text);
     m_matches = found.matches;
     if (found.rows.empty()) {
-        if (m_model->rowCount() > 0)
-            hideRow(0, QModelIndex());
-        return;
-    }
-    // Only rows with something matching inside are opened and thinned out;
-    // a parent entry always comes before its children.
-    std::vector<QModelIndex> opened(found.rows.size());
-    for (size_t i = 0; i < found.rows.size(); ++i) {
-        const SceneSearch::Row& entry = found.rows[i];
-        if (!entry.narrowed)
-            continue;
-        const QModelIndex parent = entry.parent < 0 ? QModelIndex() : opened[size_t(entry.parent)];
-        const QModelIndex here = m_model->index(entry.row, 0, parent);
-        opened[i] = here;
-        const int count = m_model->rowCount(here);
-        auto kept = entry.keptRows.begin();
-        for (int row = 0; row < count; ++row) {
-            if (kept != entry.keptRows.end() && *kept == row) {
-                ++kept;
+        m_rootHidden = m_model->rowCount() > 0;
+    } else {
+        // Only rows with something matching inside are opened and thinned
+        // out; a parent entry always comes before its children.
+        std::vector<QModelIndex> indexes(found.rows.size());
+        for (size_t i = 0; i < found.rows.size(); ++i) {
+            SceneSearch::Row& entry = found.rows[i];
+            if (!entry.narrowed)
                 continue;
-            }
-            hideRow(row, here);
+            const QModelIndex parent = entry.parent < 0 ? QModelIndex() : indexes[size_t(entry.parent)];
+            indexes[i] = m_model->index(entry.row, 0, parent);
+            m_narrowed.push_back({indexes[i], std::move(entry.keptRows), !m_tree->isExpanded(indexes[i])});
         }
-        if (!m_tree->isExpanded(here)) {
-            m_tree->expand(here);
-            m_opened.emplace_back(here);
-        }
+    }
+    forEachHidden([this](int row, const QModelIndex& parent) { m_tree->setRowHidden(row, parent, true); });
+    for (const Narrowed& narrowed : m_narrowed) {
+        if (narrowed.opened)
+            m_tree->expand(narrowed.row);
     }
     m_tree->scrollToTop();
 }

@@ -35,16 +35,27 @@ public slots:
     void apply();
 
 private:
+    // Calls back for each row the filter hid.
+    template <typename Hidden>
+    void forEachHidden(Hidden hidden) const;
     void restore();
     void forgetRows();
-    void hideRow(int row, const QModelIndex& parent);
 
     QTreeView* m_tree;
     SceneModel* m_model;
     QLineEdit* m_edit;
     QTimer* m_pause;
     int m_matches = 0;
-    // What the filter hid and opened, to give back when it changes.
-    std::vector<QPersistentModelIndex> m_hidden;
-    std::vector<QPersistentModelIndex> m_opened;
+    // What the filter thinned out and opened, to give back when it
+    // changes: a row with the rows below it that stayed. Held per parent,
+    // not per hidden row, since the tree holds an index of its own for each
+    // of those.
+    struct Narrowed
+    {
+        QPersistentModelIndex row;
+        std::vector<int> keptRows;
+        bool opened = false;
+    };
+    std::vector<Narrowed> m_narrowed;
+    bool m_rootHidden = false;
 };

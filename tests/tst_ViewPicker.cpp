@@ -183,6 +183,13 @@ void tst_ViewPicker::clickSelectsAndTheSelectionIsOutlined()
     m_host->tree()->selectionModel()->clearSelection();
     QCOMPARE(picker->highlighted(), nullptr);
 
+    // In pick mode too, where the scene gets the events.
+    viewer->setViewing(FALSE);
+    QVERIFY(m_host->select(QStringLiteral("Pedestal")));
+    QTest::mouseClick(area, Qt::LeftButton, Qt::NoModifier, drawnAt(sphere));
+    QCOMPARE(m_host->tree()->currentIndex(), row(QStringLiteral("/4/2")));
+    viewer->setViewing(TRUE);
+
     // A drag turns the camera and picks nothing.
     QVERIFY(m_host->select(QStringLiteral("Pedestal")));
     const SbRotation turnedFrom = viewer->getCamera()->orientation.getValue();

@@ -3,9 +3,11 @@
 #include "CommandNamer.h"
 #include "HostStatusBar.h"
 #include "SceneDocument.h"
+#include "SceneFilterBox.h"
 #include "SceneModel.h"
 #include "ScenePath.h"
 #include "SelectionCaption.h"
+#include "ViewPicker.h"
 #include "WindowLayout.h"
 
 #include <KalEditor.h>
@@ -78,6 +80,8 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     m_layout = new WindowLayout(m_window, {m_treeDock, m_historyDock}, m_caption->dock(), this);
     m_status = new HostStatusBar(m_window, this);
     buildMenus();
+    if (m_viewer)
+        m_picker = new ViewPicker(m_viewer, m_tree, m_model, this);
     connect(m_model, &SceneModel::fieldChanged, this, &KalHostWindow::fieldChanged);
     connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
     connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
@@ -192,7 +196,7 @@ void KalHostWindow::buildDocks()
             &KalHostWindow::currentRowChanged);
     m_treeDock = new QDockWidget(tr("Scene"));
     m_treeDock->setObjectName(QStringLiteral("SceneTreeDock"));
-    m_treeDock->setWidget(m_tree);
+    m_treeDock->setWidget(new SceneFilterBox(m_tree, m_model));
     m_window->addDockWidget(Qt::LeftDockWidgetArea, m_treeDock);
 
     m_history = new QUndoView(KalServices::getInstance()->undoStack());
@@ -374,7 +378,7 @@ void KalHostWindow::setScene(SoSeparator* root, const QString& path)
     KalServices::getInstance()->clearHistory();
     m_namer->reset();
     if (m_viewer)
-        m_viewer->setSceneGraph(root);
+        m_viewer->setSceneGraph(m_picker->frame(root));
     m_model->setRoot(root);
     root->unrefNoDelete();
     m_tree->expand(m_model->index(0, 0));

@@ -24,6 +24,7 @@ class SoFieldContainer;
 class SoNode;
 class SoQtExaminerViewer;
 class SoSeparator;
+class ViewPicker;
 
 // The host application's window: the scene tree, the 3D view, the undo
 // history, and the File, Edit and Profiles menus, around the main window
@@ -136,6 +137,7 @@ private:
     WindowLayout* m_layout = nullptr;
     HostStatusBar* m_status = nullptr;
     SoQtExaminerViewer* m_viewer = nullptr;
+    ViewPicker* m_picker = nullptr;
     QList<QMenu*> m_menus;
     QMenu* m_recentMenu = nullptr;
     QMenu* m_profilesMenu = nullptr;

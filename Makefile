@@ -6,7 +6,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build test demo bench sanitize test-sanitize monkey monkey-sanitize format clean
+.PHONY: all deps configure build test demo bench package sanitize test-sanitize monkey monkey-sanitize format clean
 
 all: build
 
@@ -27,6 +27,12 @@ demo: build
 
 bench: build
 	@scripts/bench.sh $(BUILD)
+
+# A Debian package of what `cmake --install` installs, under /usr. Its
+# dependencies come from dpkg-shlibdeps; they are printed to be seen.
+package: build
+	@cmake --build $(BUILD) --target package
+	@dpkg-deb --field "$$(ls -t $(BUILD)/kaldefaults_*.deb | head -n 1)" Package Version Depends
 
 # The whole suite again with AddressSanitizer and UndefinedBehaviorSanitizer,
 # leak detection on. Benchmarks are left out: they measure, they do not test.

@@ -28,3 +28,22 @@ install(FILES ${PROJECT_SOURCE_DIR}/host/app/desktop/kalhost.desktop
 install(FILES ${PROJECT_SOURCE_DIR}/host/app/desktop/kalhost.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
+# The Debian package. Its dependencies are read off the installed binaries by
+# dpkg-shlibdeps, so they name the very Qt, Coin and SoQt packages the build
+# linked against.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME kaldefaults)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_CONTACT "KalDefaults maintainers <maintainers@users.noreply.c-seed-955a054c.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Field editors for the Kalibra scene inspector, with the kalhost stand-in host")
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
+    "KalDefaults gives Kalibra its default extensions: a Field Editor and a Node Editor dock with one\n"
+    "typed editor per scene-graph field type, a Console dock and a Profile Selector toolbar.\n"
+    "The package also holds kalhost, a small scene inspector that loads the plug-in, and the\n"
+    "extender library plug-ins link against.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The build carries debugging information; the package does not need it.
+set(CPACK_STRIP_FILES ON)
+include(CPack)

@@ -6,7 +6,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build test demo bench sanitize test-sanitize monkey monkey-sanitize format clean
+.PHONY: all deps configure build test demo bench package sanitize test-sanitize monkey monkey-sanitize format clean
 
 all: build
 
@@ -27,6 +27,18 @@ demo: build
 
 bench: build
 	@scripts/bench.sh $(BUILD)
+
+# A Debian package of what `cmake --install` installs, under /usr. Its
+# dependencies come from dpkg-shlibdeps: they are printed, and a package that
+# depends on no Coin or no Qt package is refused, as dpkg-shlibdeps then
+# missed the libraries the build linked against.
+package: build
+	@cmake --build $(BUILD) --target package
+	@deb="$$(ls -t $(BUILD)/kaldefaults_*.deb | head -n 1)"; \
+	  dpkg-deb --field "$$deb" Package Version Depends; \
+	  depends="$$(dpkg-deb --field "$$deb" Depends)"; \
+	  case "$$depends" in *libcoin*) ;; *) echo "$$deb depends on no Coin package" >&2; exit 1;; esac; \
+	  case "$$depends" in *libqt5*) ;; *) echo "$$deb depends on no Qt package" >&2; exit 1;; esac
 
 # The whole suite again with AddressSanitizer and UndefinedBehaviorSanitizer,
 # leak detection on. Benchmarks are left out: they measure, they do not test.

@@ -5,7 +5,7 @@
 set -euo pipefail
 
 packages=(
-    build-essential cmake pkg-config binutils
+    build-essential dpkg-dev cmake pkg-config binutils
     qtbase5-dev qtbase5-dev-tools qttools5-dev-tools
     libcoin-dev libsoqt520-dev
     libbenchmark-dev

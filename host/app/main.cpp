@@ -23,6 +23,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QTextStream>
 #include <QTimer>
@@ -51,11 +52,35 @@ std::vector<char*> argumentsForQt(int argc, char** argv)
     return kept;
 }
 
-QString defaultPluginPath()
+// Without --plugin, the plug-in is looked for in these places in turn: in a
+// build tree it sits in the library folder beside the program's, in an
+// installation in the host's own plug-in folder.
+QStringList defaultPluginPlaces()
 {
-    const QString beside = QDir(QCoreApplication::applicationDirPath())
-                               .filePath(QStringLiteral("../lib/" KAL_DEFAULT_PLUGIN_NAME));
-    return QDir::cleanPath(beside);
+    const QDir programDir(QCoreApplication::applicationDirPath());
+    return {QDir::cleanPath(programDir.filePath(QStringLiteral("../lib/" KAL_DEFAULT_PLUGIN_NAME))),
+            QDir::cleanPath(
+                programDir.filePath(QStringLiteral(KAL_INSTALLED_PLUGIN_DIR "/" KAL_DEFAULT_PLUGIN_NAME)))};
+}
+
+// The plug-in --plugin stands for when it is not given: the first place that
+// holds one, or else the last place, which the error message then names.
+QString defaultPluginPath(const QStringList& places)
+{
+    for (const QString& place : places) {
+        if (QFileInfo::exists(place))
+            return place;
+    }
+    return places.isEmpty() ? QString() : places.last();
+}
+
+QString pluginOptionHelp(const QStringList& places)
+{
+    QString help = QStringLiteral("The plug-in library to load.");
+    if (!places.isEmpty())
+        help += QStringLiteral(" Without it, the first of these that exists: %1.")
+                    .arg(places.join(QStringLiteral(", then ")));
+    return help;
 }
 
 void nameApplication()
@@ -68,9 +93,11 @@ void nameApplication()
 // Everything kalhost understands on its command line.
 struct CommandLine
 {
-    explicit CommandLine(const QString& defaultPlugin)
-        : plugin(QStringLiteral("plugin"), QStringLiteral("The plug-in library to load."),
-                 QStringLiteral("PATH"), defaultPlugin)
+    // The places the plug-in is looked for in, none before there is an
+    // application to ask where the program is.
+    explicit CommandLine(const QStringList& pluginPlaces)
+        : plugin(QStringLiteral("plugin"), pluginOptionHelp(pluginPlaces), QStringLiteral("PATH"),
+                 defaultPluginPath(pluginPlaces))
         , profiles(QStringLiteral("profiles"), QStringLiteral("A JSON file of profiles (see the README)."),
                    QStringLiteral("FILE"))
         , profile(QStringLiteral("profile"), QStringLiteral("The profile to start with."),
@@ -142,12 +169,12 @@ int main(int argc, char** argv)
     {
         // Help, the version and mistakes on the command line need no
         // window system, and must work where there is none.
-        CommandLine early{QString()};
+        CommandLine early{QStringList()};
         if (!early.parser.parse(arguments) || early.parser.isSet(QStringLiteral("help")) ||
             early.parser.isSet(QStringLiteral("help-all")) || early.parser.isSet(QStringLiteral("version"))) {
             QCoreApplication app(argc, argv);
             nameApplication();
-            CommandLine commandLine(defaultPluginPath());
+            CommandLine commandLine(defaultPluginPlaces());
             commandLine.parser.process(arguments);
             return 0;
         }
@@ -161,7 +188,7 @@ int main(int argc, char** argv)
     QApplication app(qtArgc, qtArguments.data());
     nameApplication();
 
-    CommandLine commandLine(defaultPluginPath());
+    CommandLine commandLine(defaultPluginPlaces());
     QCommandLineParser& parser = commandLine.parser;
     const QCommandLineOption& pluginOption = commandLine.plugin;
     const QCommandLineOption& profilesOption = commandLine.profiles;

@@ -1,0 +1,49 @@
+# Where `cmake --install` puts kalhost, its libraries and the plug-in, and the
+# Debian package `make package` builds from the same rules.
+#
+# Every installed file finds the libraries it needs through a run path relative
+# to itself ($ORIGIN), so that an installation works under any prefix and
+# needs neither LD_LIBRARY_PATH nor the build tree.
+
+# The extender library and the scene-graph extension library are what every
+# plug-in links against: they go where libraries go. Each finds the other
+# beside itself.
+install(TARGETS KalibraExtenderAPI KalSceneGraphExt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+set_target_properties(KalibraExtenderAPI KalSceneGraphExt PROPERTIES INSTALL_RPATH "$ORIGIN")
+
+file(RELATIVE_PATH kal_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+install(TARGETS kalhost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+set_target_properties(kalhost PROPERTIES INSTALL_RPATH "$ORIGIN/${kal_bin_to_lib}")
+
+# The plug-in is loaded by kalhost, not linked by anyone: it lives in a
+# folder of the host's own rather than among the system's libraries.
+file(RELATIVE_PATH kal_plugins_to_lib ${CMAKE_INSTALL_FULL_LIBDIR}/${KAL_PLUGIN_INSTALL_DIR}
+     ${CMAKE_INSTALL_FULL_LIBDIR})
+string(REGEX REPLACE "/$" "" kal_plugins_to_lib ${kal_plugins_to_lib})
+install(TARGETS KalDefaults LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/${KAL_PLUGIN_INSTALL_DIR})
+set_target_properties(KalDefaults PROPERTIES INSTALL_RPATH "$ORIGIN/${kal_plugins_to_lib}")
+
+install(FILES ${PROJECT_SOURCE_DIR}/host/app/desktop/kalhost.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${PROJECT_SOURCE_DIR}/host/app/desktop/kalhost.svg
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+
+# The Debian package. Its dependencies are read off the installed binaries by
+# dpkg-shlibdeps, so they name the very Qt, Coin and SoQt packages the build
+# linked against.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME kaldefaults)
+set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
+set(CPACK_PACKAGE_CONTACT "KalDefaults maintainers <maintainers@users.noreply.c-seed-955a054c.example>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Field editors for the Kalibra scene inspector, with the kalhost stand-in host")
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
+    "KalDefaults gives Kalibra its default extensions: a Field Editor and a Node Editor dock with one\n"
+    "typed editor per scene-graph field type, a Console dock and a Profile Selector toolbar.\n"
+    "The package also holds kalhost, a small scene inspector that loads the plug-in, and the\n"
+    "extender library plug-ins link against.")
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# The build carries debugging information; the package does not need it.
+set(CPACK_STRIP_FILES ON)
+include(CPack)

@@ -25,6 +25,7 @@
 #include <Inventor/nodes/SoNode.h>
 #include <Inventor/sensors/SoSensorManager.h>
 
+#include <QComboBox>
 #include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
@@ -146,6 +147,7 @@ private slots:
     void screenshotIsWritten();
     void profileFromAFileLimitsTheEditors();
     void profilesMenuSwitchesTheProfile();
+    void selectorAgreesWithTheProfilesMenu();
     void recentFilesReopen();
     void viewRedrawsWhenAFieldChanges();
     void viewFollowsListEdits();
@@ -522,6 +524,77 @@ void tst_HostWindow::profileFromAFileLimitsTheEditors()
     // The generic editor is not in the profile: nothing shows a colour.
     QVERIFY(m_host->select(QStringLiteral("Sampler.tint")));
     QVERIFY(fieldDock()->isHidden());
+}
+
+void tst_HostWindow::selectorAgreesWithTheProfilesMenu()
+{
+    const QString path = m_dir.filePath(QStringLiteral("selector-profiles.json"));
+    writeFile(path, R"({"profiles": [
+        {"name": "Floats", "extensions": ["Field Editor", "Profile Selector"], "editors": ["SFFloat"]},
+        {"name": "Colours", "extensions": ["Field Editor", "Profile Selector"], "editors": ["SFColor"]}]})");
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    std::vector<KalExtension*> extensions;
+    for (const auto& entry : manager->getProfilesList().front()->getSetting()->getControlledExtensions())
+        extensions.push_back(entry.first);
+    QString first;
+    QStringList warnings;
+    QString error;
+    QVERIFY2(ProfileFile::load(path, extensions, &first, &warnings, &error), qPrintable(error));
+    KalProfile* floats = nullptr;
+    KalProfile* colours = nullptr;
+    for (KalProfile* profile : manager->getProfilesList()) {
+        const QString name = QString::fromUtf8(profile->getName().getString());
+        if (name == QLatin1String("Floats"))
+            floats = profile;
+        if (name == QLatin1String("Colours"))
+            colours = profile;
+    }
+    QVERIFY(floats && colours);
+    // As kalhost does with a profile file: its first profile is made active,
+    // and the host's profiles changed.
+    manager->setActiveProfile(floats);
+    m_host->profilesChanged();
+
+    const auto combo = [this] {
+        return m_host->window()->findChild<QComboBox*>(QStringLiteral("m_profileComboBox"));
+    };
+    QVERIFY(combo());
+    QStringList listed;
+    for (int i = 0; i < combo()->count(); ++i)
+        listed << combo()->itemText(i);
+    QCOMPARE(listed, QStringList({"Default", "Floats", "Colours"}));
+    QCOMPARE(combo()->currentText(), QStringLiteral("Floats"));
+
+    // The menu's choice shows in the selector, and the editors follow it.
+    QVERIFY(m_host->select(QStringLiteral("Sampler.tint")));
+    QVERIFY(fieldDock()->isHidden());
+    auto* menu = m_host->window()->findChild<QMenu*>(QStringLiteral("ProfilesMenu"));
+    QAction* colourAction = nullptr;
+    for (QAction* action : menu->actions()) {
+        if (action->text() == QLatin1String("Colours"))
+            colourAction = action;
+    }
+    QVERIFY(colourAction);
+    colourAction->trigger();
+    QCOMPARE(manager->getActiveProfile(), colours);
+    QVERIFY(combo());
+    QCOMPARE(combo()->currentText(), QStringLiteral("Colours"));
+    QCOMPARE(combo()->count(), 3);
+    QVERIFY(!fieldDock()->isHidden());
+    QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxSFColorWidget"));
+
+    // The selector's choice shows in the menu the next time it opens (and
+    // the selector keeps appending names as it always has).
+    combo()->setCurrentIndex(1);
+    QCOMPARE(manager->getActiveProfile(), floats);
+    QMetaObject::invokeMethod(menu, "aboutToShow");
+    QStringList checked;
+    for (QAction* action : menu->actions()) {
+        if (action->isChecked())
+            checked << action->text();
+    }
+    QCOMPARE(checked, QStringList({"Floats"}));
+    QCOMPARE(combo()->count(), 5);
 }
 
 void tst_HostWindow::profilesMenuSwitchesTheProfile()

@@ -254,6 +254,8 @@ void KalHostWindow::buildMenus()
 
     m_profilesMenu = new QMenu(tr("&Profiles"), bar);
     m_profilesMenu->setObjectName(QStringLiteral("ProfilesMenu"));
+    // The plug-in's selector may have switched the profile since.
+    connect(m_profilesMenu, &QMenu::aboutToShow, this, &KalHostWindow::refreshProfilesMenu);
     bar->insertMenu(before, m_profilesMenu);
 
     auto* view = new QMenu(tr("&View"), bar);
@@ -272,6 +274,7 @@ void KalHostWindow::buildMenus()
 
 void KalHostWindow::refreshProfilesMenu()
 {
+    qDeleteAll(m_profilesMenu->findChildren<QActionGroup*>(QString(), Qt::FindDirectChildrenOnly));
     m_profilesMenu->clear();
     auto* group = new QActionGroup(m_profilesMenu);
     KalPluginsManager* manager = KalPluginsManager::getInstance();
@@ -280,11 +283,34 @@ void KalHostWindow::refreshProfilesMenu()
         action->setCheckable(true);
         action->setChecked(profile == manager->getActiveProfile());
         group->addAction(action);
-        connect(action, &QAction::triggered, this, [this, profile] {
-            KalPluginsManager::getInstance()->setActiveProfile(profile);
-            refreshProfilesMenu();
-        });
+        connect(action, &QAction::triggered, this, [this, profile] { switchProfile(profile); });
     }
+}
+
+void KalHostWindow::switchProfile(KalProfile* profile)
+{
+    // Extensions both profiles enable would stay running and keep showing
+    // the old profile; every extension starts again under the new one.
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    if (profile == manager->getActiveProfile())
+        return;
+    manager->setActiveProfile(nullptr);
+    manager->setActiveProfile(profile);
+    refreshProfilesMenu();
+    KalServices* services = KalServices::getInstance();
+    emit services->selectedNodeChanged(m_selectedNode);
+    emit services->selectedFieldChanged(m_selectedField);
+}
+
+void KalHostWindow::profilesChanged()
+{
+    KalPluginsManager* manager = KalPluginsManager::getInstance();
+    KalProfile* active = manager->getActiveProfile();
+    if (active) {
+        manager->setActiveProfile(nullptr);
+        switchProfile(active);
+    }
+    refreshProfilesMenu();
 }
 
 void KalHostWindow::refreshRecentMenu()

@@ -9,6 +9,7 @@
 class CommandNamer;
 class HostStatusBar;
 class KalPlugin;
+class KalProfile;
 class SelectionCaption;
 class WindowLayout;
 class QAction;
@@ -78,6 +79,11 @@ public:
 
     // Adds the Profiles menu entries for the profiles the host holds.
     void refreshProfilesMenu();
+    // The host's profiles changed (a profile file was read): the running
+    // extensions start again under the active profile, so that those that
+    // show the profiles (the plug-in's selector fills itself when it starts)
+    // list them, and the editors show the selection again.
+    void profilesChanged();
 
     QString lastError() const;
 
@@ -121,6 +127,7 @@ private:
     void addRecent(const QString& path);
     void refreshRecentMenu();
     void refreshTitle();
+    void switchProfile(KalProfile* profile);
     QString startDirectory() const;
     void rememberDirectory(const QString& path);
 

@@ -287,7 +287,10 @@ int main(int argc, char** argv)
         manager->unloadAll();
         return 1;
     }
-    host->refreshProfilesMenu();
+    if (parser.isSet(profilesOption))
+        host->profilesChanged();
+    else
+        host->refreshProfilesMenu();
     host->arrangeDocks();
     host->restoreLayout();
 

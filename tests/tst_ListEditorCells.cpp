@@ -399,6 +399,11 @@ void tst_ListEditorCells::validatorsByKind_data()
     QTest::newRow("int32 past the bottom") << 5 << "-2147483648" << int(QValidator::Invalid);
     QTest::newRow("uint32 past the top") << 6 << "4294967296" << int(QValidator::Intermediate);
     QTest::newRow("float") << 7 << "3.4e38" << ok;
+    // What the float cells' reading takes, to the last digit: the largest
+    // float, and nothing past it, which the reading refuses.
+    QTest::newRow("float, the largest") << 7 << "340282346638528859811704183484516925440" << ok;
+    QTest::newRow("float, just past the largest")
+        << 7 << "340282350000000000000000000000000000000" << int(QValidator::Intermediate);
     QTest::newRow("float, comma") << 7 << "1,5" << int(QValidator::Invalid);
     QTest::newRow("float, six decimals") << 7 << "0.1234567" << int(QValidator::Invalid);
     QTest::newRow("double") << 8 << "-2.5e-300" << ok;

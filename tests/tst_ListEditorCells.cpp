@@ -91,6 +91,8 @@ private slots:
     void floatOfAMaterialTakesTheUnitSpan();
     void integerCellsOpenTheirSliders_data();
     void integerCellsOpenTheirSliders();
+    void integerCellsReadLeadingZerosAsDecimal_data();
+    void integerCellsReadLeadingZerosAsDecimal();
     void draggingACellSliderWritesAsItGoes();
     void doubleCellTakesValidatedText();
     void doubleCellUnderACommaLocale();
@@ -262,6 +264,38 @@ void tst_ListEditorCells::integerCellsOpenTheirSliders()
     typeAndReturn(edit, typed);
     QCOMPARE(values(*list).first(), stored);
     QCOMPARE(commands(), 0);
+}
+
+void tst_ListEditorCells::integerCellsReadLeadingZerosAsDecimal_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+    // The slider and the validators read "010" as ten; Coin, given the
+    // text as typed, read eight.
+    QTest::newRow("int32") << QByteArray("mfInt32") << "010"
+                           << "10";
+    QTest::newRow("int32, negative") << QByteArray("mfInt32") << "-007"
+                                     << "-7";
+    QTest::newRow("short, not octal") << QByteArray("mfShort") << "09"
+                                      << "9";
+    QTest::newRow("int32, zero") << QByteArray("mfInt32") << "000"
+                                 << "0";
+}
+
+void tst_ListEditorCells::integerCellsReadLeadingZerosAsDecimal()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(QString, typed);
+    QFETCH(QString, stored);
+    auto* list = static_cast<SoMField*>(m_node->getField(field.constData()));
+    select(list);
+    QWidget* frame = openCell(0);
+    QVERIFY(frame);
+    QLineEdit* edit = sliderLine(frame);
+    QVERIFY(edit);
+    typeAndReturn(edit, typed);
+    QCOMPARE(values(*list).first(), stored);
 }
 
 void tst_ListEditorCells::draggingACellSliderWritesAsItGoes()

@@ -180,8 +180,9 @@ void tst_SFHardeningTexts::imagesLargerThanTheirTextAreRefused_data()
                                       << "";
     QTest::newRow("one pixel short") << "2 2 1 0xff 0x0 0x80"
                                      << "";
+    // Coin writes the pixels on a line of their own.
     QTest::newRow("every pixel given") << "2 1 1 0xff 0x80"
-                                       << "2 1 1 0xff 0x80";
+                                       << "2 1 1\n0xff 0x80 ";
 }
 
 void tst_SFHardeningTexts::imagesLargerThanTheirTextAreRefused()

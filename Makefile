@@ -6,7 +6,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build test demo bench package sanitize test-sanitize monkey monkey-sanitize format clean
+.PHONY: all deps configure build test demo bench package sanitize test-sanitize monkey monkey-sanitize fuzz format clean
 
 all: build
 
@@ -66,8 +66,29 @@ monkey-sanitize: sanitize
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ./bin/tst_Monkey -silent
 
+# The libFuzzer target of the editors' text paths, built with clang into
+# $(FUZZ_BUILD), run for FUZZ_SECONDS on a copy of fuzz/corpus. What it adds
+# to the corpus stays in the copy; inputs that break something are written
+# to $(FUZZ_FINDS), to be minimised and added to fuzz/corpus by hand. No
+# leak check per input: Qt and Coin fill caches on first use, which libFuzzer
+# takes for leaks; the corpus replay under `make test-sanitize` checks leaks.
+FUZZ_BUILD   ?= build-fuzz
+FUZZ_SECONDS ?= 120
+FUZZ_FINDS   ?= $(FUZZ_BUILD)/finds
+fuzz:
+	@scripts/install-deps.sh fuzz
+	@CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAL_FUZZ=ON \
+	  -DKAL_BUILD_BENCHMARKS=OFF >/dev/null
+	@cmake --build $(FUZZ_BUILD) -j $(JOBS) --target FieldTextFuzzer
+	rm -rf $(FUZZ_BUILD)/corpus && mkdir -p $(FUZZ_BUILD)/corpus $(FUZZ_FINDS)
+	cp fuzz/corpus/* $(FUZZ_BUILD)/corpus/
+	QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  $(FUZZ_BUILD)/bin/FieldTextFuzzer -max_total_time=$(FUZZ_SECONDS) -max_len=80000 -timeout=30 \
+	  -print_final_stats=1 -artifact_prefix=$(FUZZ_FINDS)/ $(FUZZ_BUILD)/corpus
+
 format:
 	@git ls-files '*.h' '*.cpp' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD) $(ASAN_BUILD)
+	rm -rf $(BUILD) $(ASAN_BUILD) $(FUZZ_BUILD)

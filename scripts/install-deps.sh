@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build, the tests and the demo need.
+# Installs the Debian packages the build, the tests and the demo need
+# (with the argument "fuzz", also what `make fuzz` needs).
 # Idempotent: packages already present are not touched, so a second run is
 # quick and needs no network.
 set -euo pipefail
@@ -11,6 +12,10 @@ packages=(
     libbenchmark-dev
     xvfb xauth libgl1-mesa-dri fonts-dejavu-core
 )
+# `make fuzz` alone needs clang and its libFuzzer runtime; CI does not.
+if [ "${1:-}" = fuzz ]; then
+    packages+=(clang libclang-rt-14-dev)
+fi
 
 missing=()
 for p in "${packages[@]}"; do

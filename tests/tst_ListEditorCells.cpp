@@ -91,6 +91,8 @@ private slots:
     void floatOfAMaterialTakesTheUnitSpan();
     void integerCellsOpenTheirSliders_data();
     void integerCellsOpenTheirSliders();
+    void integerCellsReadLeadingZerosAsDecimal_data();
+    void integerCellsReadLeadingZerosAsDecimal();
     void draggingACellSliderWritesAsItGoes();
     void doubleCellTakesValidatedText();
     void doubleCellUnderACommaLocale();
@@ -264,6 +266,38 @@ void tst_ListEditorCells::integerCellsOpenTheirSliders()
     QCOMPARE(commands(), 0);
 }
 
+void tst_ListEditorCells::integerCellsReadLeadingZerosAsDecimal_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+    // The slider and the validators read "010" as ten; Coin, given the
+    // text as typed, read eight.
+    QTest::newRow("int32") << QByteArray("mfInt32") << "010"
+                           << "10";
+    QTest::newRow("int32, negative") << QByteArray("mfInt32") << "-007"
+                                     << "-7";
+    QTest::newRow("short, not octal") << QByteArray("mfShort") << "09"
+                                      << "9";
+    QTest::newRow("int32, zero") << QByteArray("mfInt32") << "000"
+                                 << "0";
+}
+
+void tst_ListEditorCells::integerCellsReadLeadingZerosAsDecimal()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(QString, typed);
+    QFETCH(QString, stored);
+    auto* list = static_cast<SoMField*>(m_node->getField(field.constData()));
+    select(list);
+    QWidget* frame = openCell(0);
+    QVERIFY(frame);
+    QLineEdit* edit = sliderLine(frame);
+    QVERIFY(edit);
+    typeAndReturn(edit, typed);
+    QCOMPARE(values(*list).first(), stored);
+}
+
 void tst_ListEditorCells::draggingACellSliderWritesAsItGoes()
 {
     m_node->mfInt32.set1Value(0, 0);
@@ -399,6 +433,11 @@ void tst_ListEditorCells::validatorsByKind_data()
     QTest::newRow("int32 past the bottom") << 5 << "-2147483648" << int(QValidator::Invalid);
     QTest::newRow("uint32 past the top") << 6 << "4294967296" << int(QValidator::Intermediate);
     QTest::newRow("float") << 7 << "3.4e38" << ok;
+    // What the float cells' reading takes, to the last digit: the largest
+    // float, and nothing past it, which the reading refuses.
+    QTest::newRow("float, the largest") << 7 << "340282346638528859811704183484516925440" << ok;
+    QTest::newRow("float, just past the largest")
+        << 7 << "340282350000000000000000000000000000000" << int(QValidator::Intermediate);
     QTest::newRow("float, comma") << 7 << "1,5" << int(QValidator::Invalid);
     QTest::newRow("float, six decimals") << 7 << "0.1234567" << int(QValidator::Invalid);
     QTest::newRow("double") << 8 << "-2.5e-300" << ok;

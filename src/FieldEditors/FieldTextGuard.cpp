@@ -1,5 +1,10 @@
 #include "FieldTextGuard.h"
 
+#include <Inventor/fields/SoSFImage.h>
+
+#include <QRegularExpression>
+#include <QStringList>
+
 namespace {
 bool isNumberCharacter(QChar c)
 {
@@ -19,4 +24,28 @@ bool FieldTextGuard::acceptable(const QString& text)
             return false;
     }
     return true;
+}
+
+bool FieldTextGuard::quotable(const QString& value)
+{
+    return !value.endsWith(QLatin1Char('\\'));
+}
+
+bool FieldTextGuard::imageFits(const SoField* field, const QString& text)
+{
+    if (!field || !field->isOfType(SoSFImage::getClassTypeId()))
+        return true;
+    static const QRegularExpression separators(QStringLiteral("\\s+"));
+    const QStringList numbers = text.split(separators, Qt::SkipEmptyParts);
+    if (numbers.size() < 2)
+        return true;
+    bool readWidth = false;
+    bool readHeight = false;
+    // Coin reads integers as C does: "0x" is hexadecimal, a leading 0 octal.
+    const qlonglong width = numbers.at(0).toLongLong(&readWidth, 0);
+    const qlonglong height = numbers.at(1).toLongLong(&readHeight, 0);
+    if (!readWidth || !readHeight || width <= 0 || height <= 0)
+        return true;
+    const qlonglong pixels = numbers.size() - 3;
+    return width <= pixels && height <= pixels && width * height <= pixels;
 }

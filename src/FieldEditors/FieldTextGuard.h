@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class SoField;
+
 // Coin reads a number into a fixed buffer on the stack and overruns it on a
 // number of a few hundred digits. Every text an editor hands the field for
 // parsing passes here first; a text that could reach that limit is refused,
@@ -15,4 +17,15 @@ public:
     static constexpr int maxNumberRun = 256;
 
     static bool acceptable(const QString& text);
+
+    // Coin writes a string value in quotes and escapes only the quotes: a
+    // value ending in a backslash escapes its own closing quote, and the
+    // field's text no longer reads back.
+    static bool quotable(const QString& value);
+
+    // Coin allocates an image as its text's width, height and components
+    // say before it reads a pixel ("30000 30000 4" is 3.6 GB, and past
+    // 2 GB the size overflows); an image text that declares more pixels
+    // than it holds numbers is refused. True for fields of other types.
+    static bool imageFits(const SoField* field, const QString& text);
 };

@@ -14,6 +14,7 @@
 #include <Inventor/fields/SoMFUShort.h>
 
 #include <QLocale>
+#include <QRegularExpression>
 
 #include <cmath>
 #include <limits>
@@ -142,6 +143,13 @@ public:
             const double value = QLocale::c().toDouble(text.trimmed(), &ok);
             if (!ok || !std::isfinite(value) || std::fabs(value) > Traits::largest)
                 return;
+        } else {
+            // Coin reads a leading 0 as octal ("010" is 8), where the
+            // validators and the cell's slider read decimal (10). A slider
+            // sends an octal prefix only for a field text such as "07",
+            // which Coin never writes; hexadecimal keeps its "0x".
+            static const QRegularExpression leadingZeros(QStringLiteral("^(\\s*[+-]?)0+(?=\\d)"));
+            text.replace(leadingZeros, QStringLiteral("\\1"));
         }
         FxMFLineWidget::setValueFromText(row, column, text);
     }

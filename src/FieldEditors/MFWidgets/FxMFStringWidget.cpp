@@ -1,5 +1,6 @@
 #include "FxMFStringWidget.h"
 
+#include "FieldTextGuard.h"
 #include "KalMFSetValueCommand.h"
 
 #include <KalServices.h>
@@ -48,7 +49,7 @@ void FxMFStringWidget::setValueFromText(int row, int, QString text)
     SoMField* field = getField();
     const QByteArray utf8 = text.toUtf8();
     if (SoMFString* strings = asString(field)) {
-        if ((*strings)[row] == SbString(utf8.constData()))
+        if ((*strings)[row] == SbString(utf8.constData()) || !FieldTextGuard::quotable(text))
             return;
         strings->set1Value(row, SbString(utf8.constData()));
     } else if (!field->set1(row, utf8.constData())) {

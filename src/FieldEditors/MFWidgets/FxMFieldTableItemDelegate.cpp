@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 
 namespace {
 
@@ -41,6 +42,10 @@ QValidator* inCLocale(Arguments... arguments)
     return validator;
 }
 
+// The largest float exactly: "3.4028235e38", the shortest text of it, is
+// past it as a double, and the float cells refuse what a float cannot hold.
+constexpr double kLargestFloat = double(std::numeric_limits<float>::max());
+
 // The validator of each value kind, by kind. The signed bottoms are the
 // negated maxima, not the types' minima; that is the range the list editors
 // have always offered.
@@ -55,7 +60,7 @@ const ValidatorMaker kValidators[] = {
     [](QObject* p) { return inCLocale<QIntValidator>(-2147483647, 2147483647, p); },
     /* 6 uint32  */ [](QObject* p) -> QValidator* { return new QULongValidator(0, 4294967295u, p); },
     /* 7 float   */
-    [](QObject* p) { return inCLocale<QDoubleValidator>(-3.4028235e38, 3.4028235e38, 6, p); },
+    [](QObject* p) { return inCLocale<QDoubleValidator>(-kLargestFloat, kLargestFloat, 6, p); },
     /* 8 double  */ [](QObject* p) { return inCLocale<QDoubleValidator>(p); },
 };
 

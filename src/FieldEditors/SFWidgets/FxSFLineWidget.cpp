@@ -73,7 +73,8 @@ void FxSFLineWidget::applyChanges(const QString&)
     if (!lineEdit || !field)
         return;
     const QString text = lineEdit->text();
-    if (!FieldTextGuard::acceptable(text) || !NumberInput::fitsField(field, text))
+    if (!FieldTextGuard::acceptable(text) || !NumberInput::fitsField(field, text) ||
+        !FieldTextGuard::imageFits(field, text))
         return;
     const int position = lineEdit->cursorPosition();
     field->set(text.toUtf8().constData());

@@ -19,6 +19,9 @@ public:
     void createWidget() override;
     void updateWidget() override;
     bool edited() override;
+    // The slot below takes the typed text; the base's applyChanges() stays
+    // callable on this class too.
+    using FxSFieldWidget::applyChanges;
 
 public slots:
     virtual void applyChanges(const QString& text);

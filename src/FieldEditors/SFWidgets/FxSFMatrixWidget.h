@@ -16,4 +16,6 @@ public:
     void createWidget() override;
     void updateWidget() override;
     void applyChanges() override;
+    // The generic editor's slot of the typed text stays visible beside it.
+    using FxSFLineWidget::applyChanges;
 };

@@ -77,12 +77,15 @@ public:
             return;
         const SbString text(lineEdit->text().toUtf8().constData());
         if (auto* typed = SoTypedObject(field).cast<Field>()) {
+            if (!FieldTextGuard::quotable(lineEdit->text()))
+                return;
             Access::write(typed, text);
         } else {
             // Another type's text is read by Coin, which must not meet a
             // number it would overrun on or quietly make 0 of.
             if (!FieldTextGuard::acceptable(lineEdit->text()) ||
-                !NumberInput::fitsField(field, lineEdit->text()))
+                !NumberInput::fitsField(field, lineEdit->text()) ||
+                !FieldTextGuard::imageFits(field, lineEdit->text()))
                 return;
             field->set(text.getString());
         }

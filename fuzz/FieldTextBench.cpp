@@ -1,0 +1,433 @@
+#include "FieldTextBench.h"
+
+#include "EditorSet.h"
+#include "FieldInvariants.h"
+
+#include <AllFieldsNode.h>
+#include <FieldTesting.h>
+#include <FieldTextGuard.h>
+#include <FxMFColorWidget.h>
+#include <FxMFLineWidget.h>
+#include <FxMFMatrixWidget.h>
+#include <FxMFieldTable.h>
+#include <FxMFieldTableItemDelegate.h>
+#include <FxMFieldWidget.h>
+#include <FxSFFloatComponents.h>
+#include <FxSFMatrixWidget.h>
+#include <FxSFPlaneWidget.h>
+#include <FxSFieldWidget.h>
+#include <FxSlider.h>
+#include <KalServices.h>
+#include <ListFieldsNode.h>
+
+#include <Inventor/SbName.h>
+#include <Inventor/lists/SoFieldList.h>
+
+#include <QAbstractSpinBox>
+#include <QCoreApplication>
+#include <QFrame>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QValidator>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Typing costs three events a key; what is typed is cut here, and longer
+// texts go in by the paste route.
+constexpr int kTypedLength = 40;
+
+// Fields of types no editor of their own takes, for the generic editors,
+// with a value to start from. Not the RGBA colours: Coin 4 reads three
+// components and a stray fourth for them, so their own text never reads
+// back, whatever wrote it.
+struct LoneField
+{
+    const char* type;
+    const char* value;
+};
+
+const LoneField kLoneFields[] = {
+    {"SFVec3d", "1 2 3"},        {"SFVec2d", "0.5 -0.5"},       {"SFVec4d", "1 2 3 4"},
+    {"SFBox3f", "0 0 0 1 1 1"},  {"SFVec4i32", "1 2 3 4"},      {"MFVec3d", "[1 2 3, 4 5 6]"},
+    {"MFBool", "[TRUE, FALSE]"}, {"MFVec2d", "[0.5 1.5, 2 3]"},
+};
+
+// The line edits a person can type into, in the order the editor made
+// them: a disabled summary of a grid is not one.
+QList<QLineEdit*> textInputs(QWidget* frame)
+{
+    QList<QLineEdit*> inputs;
+    for (QLineEdit* line : frame->findChildren<QLineEdit*>()) {
+        if (line->isEnabled())
+            inputs << line;
+    }
+    return inputs;
+}
+
+QAbstractSpinBox* spinBoxOf(QLineEdit* line)
+{
+    return qobject_cast<QAbstractSpinBox*>(line->parentWidget());
+}
+
+// The place of an input among the inputs of its name: the component of a
+// vector, the cell of a grid.
+int componentOf(QLineEdit* line, QWidget* frame)
+{
+    return frame->findChildren<QLineEdit*>(line->objectName()).indexOf(line);
+}
+
+bool close(double got, double wanted, double relative, double absolute)
+{
+    return got == wanted || std::fabs(got - wanted) <= std::max(absolute, relative * std::fabs(wanted));
+}
+
+// A text the validators' verdict is checked on. Refused before any parsing
+// are, on purpose, numbers long enough to overrun Coin's reader (the
+// validators take any length), and the empty text the unsigned validator
+// accepts while a cell is being cleared.
+bool verdictCounts(const QString& text)
+{
+    return !text.trimmed().isEmpty() && FieldTextGuard::acceptable(text);
+}
+
+} // namespace
+
+FieldTextBench::FieldTextBench()
+{
+    // The edited nodes, their pristine twins, and the ones read back into.
+    SoNode* nodes[3][2];
+    for (auto& role : nodes) {
+        role[0] = new AllFieldsNode;
+        role[1] = new ListFieldsNode;
+        for (SoNode* node : role) {
+            node->ref();
+            m_nodes.push_back(node);
+        }
+    }
+    for (int kind = 0; kind < 2; ++kind)
+        addNodeFields(nodes[0][kind], nodes[1][kind], nodes[2][kind]);
+    for (const LoneField& lone : kLoneFields)
+        addLoneField(lone.type);
+    for (size_t i = 0; i < std::size(kLoneFields); ++i) {
+        Target& target = m_targets[m_targets.size() - std::size(kLoneFields) + i];
+        target.pristine->set(kLoneFields[i].value);
+    }
+    m_plain = std::make_unique<EditorSet>(QLocale::c());
+    m_german = std::make_unique<EditorSet>(QLocale(QLocale::German, QLocale::Germany));
+}
+
+FieldTextBench::~FieldTextBench()
+{
+    m_plain.reset();
+    m_german.reset();
+    for (SoNode* node : m_nodes)
+        node->unref();
+}
+
+void FieldTextBench::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scratch)
+{
+    SoFieldList fields;
+    node->getFields(fields);
+    for (int i = 0; i < fields.getLength(); ++i) {
+        SbName name;
+        node->getFieldName(fields[i], name);
+        m_targets.push_back({fields[i], pristine->getField(name), scratch->getField(name)});
+    }
+}
+
+void FieldTextBench::addLoneField(const char* typeName)
+{
+    const SoType type = SoType::fromName(typeName);
+    SoField* made[3];
+    for (SoField*& field : made) {
+        field = static_cast<SoField*>(type.createInstance());
+        m_loneFields.emplace_back(field);
+    }
+    m_targets.push_back({made[0], made[1], made[2]});
+}
+
+KalFieldEditors* FieldTextBench::chooseEditor(const EditorSet& set, SoField* field, int choice) const
+{
+    const bool single = !field->isOfType(SoMField::getClassTypeId());
+    KalFieldEditors* editor = set.specificFor(field);
+    if (choice == 2)
+        editor = set.genericFor(field);
+    else if (choice == 3 && single)
+        editor = set.stringEditor();
+    // A check box, a combo box, check boxes or a picture take no text: for
+    // such a field the generic editor is the text route.
+    if (single && textInputs(editor->getFrame()).isEmpty())
+        editor = set.genericFor(field);
+    return editor;
+}
+
+void FieldTextBench::run(const uint8_t* data, size_t size)
+{
+    if (size < 3 || m_targets.empty())
+        return;
+    const Target& target = m_targets[data[0] % m_targets.size()];
+    const int route = data[1] & 3;
+    const bool german = (data[1] & 4) != 0;
+    const int choice = (data[1] >> 3) & 3;
+    const bool undo = (data[1] & 0x20) != 0;
+    const int which = data[2];
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(data + 3), int(size - 3));
+
+    target.field->copyFrom(*target.pristine);
+    processSensors();
+    KalServices* services = KalServices::getInstance();
+    services->clearHistory();
+    const EditorSet& set = german ? *m_german : *m_plain;
+    QLocale::setDefault(set.locale());
+
+    KalFieldEditors* editor = chooseEditor(set, target.field, choice);
+    editor->setEditedObject(target.field);
+    editor->activate();
+    processSensors();
+    const int before = services->commandCount();
+    const QString textBefore = FieldInvariants::textOf(target.field);
+
+    // Editors that hand the text itself to Coin to parse.
+    bool parsesText = false;
+    if (auto* list = dynamic_cast<FxMFieldWidget*>(editor)) {
+        parsesText = dynamic_cast<FxMFLineWidget*>(list) != nullptr;
+        runList(list, target, route, which, text);
+    } else {
+        parsesText = editor == set.genericFor(target.field) ||
+                     (editor == set.stringEditor() && !target.field->isOfType(SoSFString::getClassTypeId()));
+        runSingle(static_cast<FxSFieldWidget*>(editor), target, route, which, text);
+    }
+    processSensors();
+    QCoreApplication::processEvents();
+    processSensors();
+
+    if (parsesText && route == 2 && !FieldTextGuard::acceptable(text)) {
+        FieldInvariants::require(FieldInvariants::textOf(target.field) == textBefore,
+                                 "a number long enough to overrun Coin's reader reached the field",
+                                 target.field, text);
+        FieldInvariants::require(services->commandCount() == before, "a refused text recorded a command",
+                                 target.field, text);
+    }
+    checkField(target, editor, editor == set.specificFor(target.field), text);
+    if (undo)
+        undoAndRedo(target, services->commandCount() - before, text);
+
+    editor->deactivate();
+    services->clearHistory();
+    QLocale::setDefault(QLocale::c());
+}
+
+void FieldTextBench::type(QLineEdit* line, const QString& text, bool paste)
+{
+    QWidget* receiver = line;
+    if (QAbstractSpinBox* spin = spinBoxOf(line))
+        receiver = spin;
+    line->setFocus();
+    line->selectAll();
+    if (paste) {
+        line->insert(text);
+    } else {
+        // Keys a keyboard makes: printable ASCII.
+        QString keys;
+        for (QChar c : text.left(kTypedLength)) {
+            if (c.unicode() >= 0x20 && c.unicode() < 0x7f)
+                keys += c;
+        }
+        QTest::keyClicks(receiver, keys);
+    }
+    QTest::keyClick(receiver, Qt::Key_Return);
+}
+
+void FieldTextBench::runSingle(FxSFieldWidget* editor, const Target& target, int route, int which,
+                               const QString& text)
+{
+    const QList<QLineEdit*> inputs = textInputs(editor->getFrame());
+    if (inputs.isEmpty())
+        return;
+    QLineEdit* line = inputs.at(which % inputs.size());
+    if (route < 2) {
+        type(line, text, route == 1);
+        return;
+    }
+    bool accepted = false;
+    if (const QValidator* validator = line->validator()) {
+        QString checked = text;
+        int position = int(checked.size());
+        accepted = validator->validate(checked, position) == QValidator::Acceptable;
+    }
+    // The text as it would be if no validator had looked at it, then the
+    // editor's own step from its inputs to the field.
+    line->setText(text);
+    line->setModified(true);
+    if (QAbstractSpinBox* spin = spinBoxOf(line)) {
+        spin->interpretText();
+        return;
+    }
+    FxSlider* slider = editor->getSliderFrame();
+    if (slider && slider->getLineEdit() == line)
+        slider->changeValueFromEdit();
+    else
+        editor->applyChanges();
+    if (route == 3 && accepted && verdictCounts(text))
+        checkSingleStored(editor, target, componentOf(line, editor->getFrame()), text);
+}
+
+void FieldTextBench::checkSingleStored(FxSFieldWidget* editor, const Target& target, int input,
+                                       const QString& text)
+{
+    SoField* field = target.field;
+    const double wanted = text.trimmed().toDouble();
+    const char* what = "a text the validator accepts was not stored as it reads";
+    if (auto* reals = SoTypedObject(field).cast<SoSFFloat>()) {
+        FieldInvariants::require(reals->getValue() == float(wanted), what, field, text);
+    } else if (auto* doubles = SoTypedObject(field).cast<SoSFDouble>()) {
+        FieldInvariants::require(doubles->getValue() == wanted, what, field, text);
+    } else if (field->isOfType(SoSFInt32::getClassTypeId()) || field->isOfType(SoSFShort::getClassTypeId())) {
+        bool ok = false;
+        const int number = text.trimmed().toInt(&ok);
+        FieldInvariants::require(ok && FieldInvariants::textOf(field) == QString::number(number), what, field,
+                                 text);
+    } else if (auto* vec2 = SoTypedObject(field).cast<SoSFVec2f>()) {
+        FieldInvariants::require(vec2->getValue()[input] == float(wanted), what, field, text);
+    } else if (auto* vec3 = SoTypedObject(field).cast<SoSFVec3f>()) {
+        FieldInvariants::require(vec3->getValue()[input] == float(wanted), what, field, text);
+    } else if (auto* vec4 = SoTypedObject(field).cast<SoSFVec4f>()) {
+        FieldInvariants::require(vec4->getValue()[input] == float(wanted), what, field, text);
+    } else if (auto* matrix = SoTypedObject(field).cast<SoSFMatrix>()) {
+        if (dynamic_cast<FxSFMatrixWidget*>(editor))
+            FieldInvariants::require(matrix->getValue()[input / 4][input % 4] == float(wanted), what, field,
+                                     text);
+    } else if (auto* plane = SoTypedObject(field).cast<SoSFPlane>()) {
+        // The normal is normalised; the distance is what was typed.
+        if (input == 3 && dynamic_cast<FxSFPlaneWidget*>(editor))
+            FieldInvariants::require(
+                close(plane->getValue().getDistanceFromOrigin(), float(wanted), 1e-6, 1e-37), what, field,
+                text);
+    }
+}
+
+void FieldTextBench::runList(FxMFieldWidget* editor, const Target& target, int route, int which,
+                             const QString& text)
+{
+    auto* field = static_cast<SoMField*>(target.field);
+    FxMFieldTable* table = editor->getTable();
+    const int rows = field->getNum();
+    // One row past the end too: a text for a row that is not there.
+    const int row = which % (rows + 1);
+    const int firstValueColumn = dynamic_cast<FxMFColorWidget*>(editor) ? 1 : 0;
+    const int valueColumns = std::max(table->columnCount() - firstValueColumn, 1);
+    const int tableColumn = firstValueColumn + (which / 5) % valueColumns;
+    const int column = tableColumn - firstValueColumn;
+
+    if (route < 2 && row < rows) {
+        if (auto* matrices = dynamic_cast<FxMFMatrixWidget*>(editor)) {
+            table->setCurrentCell(row, 0);
+            matrices->getEditButton()->click();
+            const QList<QLineEdit*> lines = textInputs(matrices->getPopupFrame());
+            if (!lines.isEmpty())
+                type(lines.at(which % lines.size()), text, route == 1);
+            matrices->getPopupFrame()->hide();
+        } else {
+            const QModelIndex index = table->model()->index(row, tableColumn);
+            table->setCurrentIndex(index);
+            table->edit(index);
+            if (QWidget* cell = table->indexWidget(index)) {
+                auto* line = qobject_cast<QLineEdit*>(cell);
+                if (!line)
+                    line = cell->findChild<QLineEdit*>();
+                if (line)
+                    type(line, text, route == 1);
+            }
+        }
+        QCoreApplication::processEvents();
+    } else if (route >= 2) {
+        bool accepted = false;
+        QLineEdit probe;
+        table->getDelegate()->setValidator(&probe);
+        if (const QValidator* validator = probe.validator()) {
+            QString checked = text;
+            int position = int(checked.size());
+            accepted = validator->validate(checked, position) == QValidator::Acceptable;
+        }
+        editor->setValueFromText(row, column, text);
+        if (route == 3 && accepted && row < rows && verdictCounts(text))
+            checkListStored(editor, target, row, column, text);
+    }
+    FieldInvariants::require(field->getNum() == rows, "a text changed the number of values", field, text);
+}
+
+void FieldTextBench::checkListStored(FxMFieldWidget* editor, const Target& target, int row, int column,
+                                     const QString& text)
+{
+    const char* what = "a text the validator accepts was not stored as it reads";
+    const QString trimmed = text.trimmed();
+    const QString stored = editor->getValueText(row, column);
+    SoField* field = target.field;
+    switch (editor->getTable()->getDelegate()->getValueKind()) {
+    case FxMFieldTableItemDelegate::ShortKind:
+    case FxMFieldTableItemDelegate::UShortKind:
+    case FxMFieldTableItemDelegate::IntKind:
+    case FxMFieldTableItemDelegate::UIntKind:
+    case FxMFieldTableItemDelegate::Int32Kind:
+    case FxMFieldTableItemDelegate::UInt32Kind: {
+        bool ok = false;
+        const qlonglong wanted = trimmed.toLongLong(&ok);
+        // Coin writes unsigned lists in hexadecimal.
+        FieldInvariants::require(ok && stored.toLongLong(nullptr, 0) == wanted, what, field, text);
+        break;
+    }
+    case FxMFieldTableItemDelegate::FloatKind: {
+        const double wanted = double(float(trimmed.toDouble()));
+        // Rotations are stored as quaternions and planes keep a unit normal:
+        // only a plane's distance reads as typed. A colour component outside
+        // 0..1 is dropped without a word, as designed.
+        if (field->isOfType(SoMFRotation::getClassTypeId()))
+            break;
+        if (field->isOfType(SoMFPlane::getClassTypeId()) && column != 3)
+            break;
+        if (field->isOfType(SoMFColor::getClassTypeId()) && !(wanted >= 0.0 && wanted <= 1.0))
+            break;
+        // Component lists show six digits, single-value lists Coin's eight.
+        FieldInvariants::require(close(stored.toDouble(), wanted, 1e-5, 1e-37), what, field, text);
+        break;
+    }
+    case FxMFieldTableItemDelegate::DoubleKind:
+        FieldInvariants::require(close(stored.toDouble(), trimmed.toDouble(), 1e-15, 1e-300), what, field,
+                                 text);
+        break;
+    default:
+        break;
+    }
+}
+
+void FieldTextBench::checkField(const Target& target, KalFieldEditors*, bool specific, const QString& text)
+{
+    FieldInvariants::require(FieldInvariants::readsBack(target.field, target.scratch),
+                             "the field does not read back from its own text", target.field, text);
+    FieldInvariants::require(FieldInvariants::realsAreFinite(target.field),
+                             "a real that is not finite was stored", target.field, text);
+    if (specific)
+        FieldInvariants::require(FieldInvariants::directionsHold(target.field),
+                                 "a plane without a normal or a rotation without an axis was stored",
+                                 target.field, text);
+}
+
+// Undo and redo replay what the commands recorded; the field must read
+// back after each. A spin box editor records a further command on the
+// refresh after an undo, so the sensors run only once all are undone.
+void FieldTextBench::undoAndRedo(const Target& target, int commands, const QString& text)
+{
+    KalServices* services = KalServices::getInstance();
+    for (int i = 0; i < commands; ++i)
+        services->undo();
+    processSensors();
+    checkField(target, nullptr, false, text);
+    for (int i = 0; i < commands; ++i)
+        services->redo();
+    processSensors();
+    checkField(target, nullptr, false, text);
+}

@@ -98,7 +98,7 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
                                  "04-bitmask.png",     "05-colour.png",      "06-float-again.png",
                                  "07-edited.png",      "08-undone.png",      "09-list-row-added.png",
                                  "10-list-edited.png", "11-list-undone.png", "12-colour-list.png",
-                                 "13-vector-list.png"};
+                                 "13-vector-list.png", "14-filter.png"};
     for (const char* shot : shots) {
         const QString path = QDir(directory).filePath(QLatin1String(shot));
         QVERIFY2(run.out.contains(path), shot);

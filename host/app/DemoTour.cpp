@@ -132,6 +132,20 @@ bool DemoTour::typeIntoListCell(int row, int column, const QString& text)
     return true;
 }
 
+// Types into the filter box above the scene tree and presses Return, which
+// filters at once.
+bool DemoTour::filterTree(const QString& text)
+{
+    auto* filter = m_host->window()->findChild<QLineEdit*>(QStringLiteral("SceneFilter"));
+    if (!filter)
+        return false;
+    filter->setFocus();
+    filter->setText(text);
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(filter, &press);
+    return true;
+}
+
 void DemoTour::step()
 {
     const int stops = int(std::size(kStops));
@@ -183,7 +197,13 @@ void DemoTour::step()
              QStringLiteral("selected PedestalCoordinates.point (MFVec3f), typed 1.2 into y of row 4: a "
                             "raised corner"));
         return;
+    case 7:
+        m_ok = filterTree(QStringLiteral("diffuseColor")) && m_ok;
+        then(QStringLiteral("14-filter.png"),
+             QStringLiteral("typed diffuseColor into the scene filter: the matching rows and their nodes"));
+        return;
     default:
+        filterTree(QString());
         emit finished(m_ok);
     }
 }

@@ -33,6 +33,7 @@ private:
     bool undoFromMenu();
     bool addListRow();
     bool typeIntoListCell(int row, int column, const QString& text);
+    bool filterTree(const QString& text);
 
     KalHostWindow* m_host;
     QString m_directory;

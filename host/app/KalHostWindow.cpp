@@ -2,6 +2,7 @@
 
 #include "CommandNamer.h"
 #include "HostStatusBar.h"
+#include "RecentFilesMenu.h"
 #include "SceneDocument.h"
 #include "SceneFilterBox.h"
 #include "SceneModel.h"
@@ -54,8 +55,6 @@ static void initHostResources()
 }
 
 namespace {
-constexpr int kMaxRecentFiles = 8;
-const char* const kRecentKey = "recentFiles";
 const char* const kDirectoryKey = "lastDirectory";
 const char* const kSampleOrigin = "built-in sample scene";
 
@@ -226,8 +225,11 @@ void KalHostWindow::buildMenus()
     file->setObjectName(QStringLiteral("FileMenu"));
     QAction* open = file->addAction(tr("&Open\u2026"), this, &KalHostWindow::open, QKeySequence::Open);
     open->setObjectName(QStringLiteral("OpenAction"));
-    m_recentMenu = file->addMenu(tr("Open &Recent"));
-    m_recentMenu->setObjectName(QStringLiteral("RecentMenu"));
+    m_recent = new RecentFilesMenu(file->addMenu(tr("Open &Recent")), this);
+    connect(m_recent, &RecentFilesMenu::chosen, this, [this](const QString& path) {
+        if (mayDiscard())
+            openScene(path);
+    });
     file->addSeparator();
     QAction* save = file->addAction(tr("&Save"), this, &KalHostWindow::save, QKeySequence::Save);
     save->setObjectName(QStringLiteral("SaveAction"));
@@ -268,8 +270,6 @@ void KalHostWindow::buildMenus()
     view->setObjectName(QStringLiteral("ViewMenu"));
     bar->insertMenu(before, view);
     m_menus = {file, edit, m_profilesMenu, view};
-
-    refreshRecentMenu();
 }
 
 void KalHostWindow::refreshProfilesMenu()
@@ -313,39 +313,6 @@ void KalHostWindow::profilesChanged()
     refreshProfilesMenu();
 }
 
-void KalHostWindow::refreshRecentMenu()
-{
-    m_recentMenu->clear();
-    const QStringList recent = QSettings().value(QLatin1String(kRecentKey)).toStringList();
-    for (const QString& path : recent) {
-        QAction* action =
-            m_recentMenu->addAction(QFileInfo(path).fileName(), this, &KalHostWindow::openRecent);
-        action->setData(path);
-        action->setToolTip(path);
-    }
-    m_recentMenu->setEnabled(!recent.isEmpty());
-}
-
-void KalHostWindow::addRecent(const QString& path)
-{
-    QSettings settings;
-    QStringList recent = settings.value(QLatin1String(kRecentKey)).toStringList();
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    recent.removeAll(absolute);
-    recent.prepend(absolute);
-    while (recent.size() > kMaxRecentFiles)
-        recent.removeLast();
-    settings.setValue(QLatin1String(kRecentKey), recent);
-    refreshRecentMenu();
-}
-
-void KalHostWindow::openRecent()
-{
-    auto* action = qobject_cast<QAction*>(sender());
-    if (action && mayDiscard())
-        openScene(action->data().toString());
-}
-
 void KalHostWindow::fail(const QString& message)
 {
     m_lastError = message;
@@ -386,7 +353,7 @@ bool KalHostWindow::openScene(const QString& path)
     }
     setScene(root, QFileInfo(path).absoluteFilePath());
     m_status->showOpened(QFileInfo(path).fileName(), root, timer.elapsed());
-    addRecent(path);
+    m_recent->add(path);
     rememberDirectory(path);
     return true;
 }
@@ -431,7 +398,7 @@ bool KalHostWindow::saveScene(const QString& path)
     m_path = QFileInfo(path).absoluteFilePath();
     m_changedSinceSave = false;
     KalServices::getInstance()->undoStack()->setClean();
-    addRecent(path);
+    m_recent->add(path);
     refreshTitle();
     return true;
 }

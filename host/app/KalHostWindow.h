@@ -10,6 +10,7 @@ class CommandNamer;
 class HostStatusBar;
 class KalPlugin;
 class KalProfile;
+class RecentFilesMenu;
 class SelectionCaption;
 class WindowLayout;
 class QAction;
@@ -114,7 +115,6 @@ protected:
 private slots:
     void currentRowChanged();
     void fieldChanged(SoField* field);
-    void openRecent();
 
 private:
     void buildMenus();
@@ -124,8 +124,6 @@ private:
     bool mayDiscard();
     QString askForFile(FileQuestion question);
     void fail(const QString& message);
-    void addRecent(const QString& path);
-    void refreshRecentMenu();
     void refreshTitle();
     void switchProfile(KalProfile* profile);
     QString startDirectory() const;
@@ -146,7 +144,7 @@ private:
     SoQtExaminerViewer* m_viewer = nullptr;
     ViewPicker* m_picker = nullptr;
     QList<QMenu*> m_menus;
-    QMenu* m_recentMenu = nullptr;
+    RecentFilesMenu* m_recent = nullptr;
     QMenu* m_profilesMenu = nullptr;
     QString m_path;
     QString m_lastError;

@@ -651,18 +651,6 @@ QImage tst_HostWindow::viewFrame() const
 }
 
 namespace {
-// Pixels that differ, every second one in each direction.
-int changedPixels(const QImage& before, const QImage& after)
-{
-    int changed = 0;
-    for (int y = 0; y < std::min(before.height(), after.height()); y += 2) {
-        for (int x = 0; x < std::min(before.width(), after.width()); x += 2) {
-            if (before.pixel(x, y) != after.pixel(x, y))
-                ++changed;
-        }
-    }
-    return changed;
-}
 
 // Types a value into a cell of the list editor shown in the dock.
 bool typeIntoListCell(QDockWidget* dock, int row, int column, const QString& text)
@@ -685,7 +673,7 @@ void tst_HostWindow::viewRedrawsWhenAFieldChanges()
     QVERIFY(gold());
     gold()->getField("diffuseColor")->set("0 0 1");
     gold()->getField("specularColor")->set("0 0 1");
-    const int changed = changedPixels(before, viewFrame());
+    const int changed = HostWindowTesting::changedPixels(before, viewFrame());
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 }
 
@@ -708,14 +696,14 @@ void tst_HostWindow::viewFollowsListEdits()
     SbString text;
     gold()->getField("diffuseColor")->get(text);
     QCOMPARE(QString::fromLatin1(text.getString()), QStringLiteral("0.1 0.60000002 0.15000001"));
-    int changed = changedPixels(before, viewFrame());
+    int changed = HostWindowTesting::changedPixels(before, viewFrame());
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 
     QVERIFY(m_host->select(QStringLiteral("PedestalCoordinates.point")));
     QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxMFVec3fWidget"));
     before = viewFrame();
     QVERIFY(typeIntoListCell(fieldDock(), 4, 1, QStringLiteral("1.2")));
-    changed = changedPixels(before, viewFrame());
+    changed = HostWindowTesting::changedPixels(before, viewFrame());
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 }
 

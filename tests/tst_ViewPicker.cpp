@@ -54,21 +54,6 @@ private:
     std::unique_ptr<KalHostWindow> m_host;
 };
 
-namespace {
-// Pixels that differ, every second one in each direction.
-int changedPixels(const QImage& before, const QImage& after)
-{
-    int changed = 0;
-    for (int y = 0; y < std::min(before.height(), after.height()); y += 2) {
-        for (int x = 0; x < std::min(before.width(), after.width()); x += 2) {
-            if (before.pixel(x, y) != after.pixel(x, y))
-                ++changed;
-        }
-    }
-    return changed;
-}
-} // namespace
-
 void tst_ViewPicker::initTestCase()
 {
     qRegisterMetaType<SoFieldContainer*>();
@@ -163,7 +148,7 @@ void tst_ViewPicker::clickSelectsAndTheSelectionIsOutlined()
     // Outlined in the view.
     QCOMPARE(picker->highlighted(), sphere);
     const QImage outlined = viewFrame();
-    int changed = changedPixels(unselected, outlined);
+    int changed = HostWindowTesting::changedPixels(unselected, outlined);
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 
     // Empty space: nothing is hit, the selection stays.
@@ -176,7 +161,7 @@ void tst_ViewPicker::clickSelectsAndTheSelectionIsOutlined()
     // The outline follows the tree: another node, then a field's node.
     QVERIFY(m_host->select(QStringLiteral("Pedestal")));
     QCOMPARE(picker->highlighted(), node(QStringLiteral("Pedestal")));
-    changed = changedPixels(outlined, viewFrame());
+    changed = HostWindowTesting::changedPixels(outlined, viewFrame());
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
     QVERIFY(m_host->select(QStringLiteral("Gold.diffuseColor")));
     QCOMPARE(picker->highlighted(), node(QStringLiteral("Gold")));

@@ -11,9 +11,11 @@
 #include <Inventor/Qt/SoQt.h>
 #include <Inventor/SoDB.h>
 
+#include <QImage>
 #include <QStandardPaths>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 namespace HostWindowTesting {
@@ -49,6 +51,20 @@ inline std::unique_ptr<KalHostWindow> sampleWithPlugin(bool view)
     if (!QTest::qWaitForWindowExposed(host->window()))
         return nullptr;
     return host;
+}
+
+// Pixels that differ between two pictures of the 3D view, every second one
+// in each direction.
+inline int changedPixels(const QImage& before, const QImage& after)
+{
+    int changed = 0;
+    for (int y = 0; y < std::min(before.height(), after.height()); y += 2) {
+        for (int x = 0; x < std::min(before.width(), after.width()); x += 2) {
+            if (before.pixel(x, y) != after.pixel(x, y))
+                ++changed;
+        }
+    }
+    return changed;
 }
 
 } // namespace HostWindowTesting

@@ -292,7 +292,10 @@ int main(int argc, char** argv)
     else
         host->refreshProfilesMenu();
     host->arrangeDocks();
-    host->restoreLayout();
+    // Scripted runs (the tour, screenshots) take the default layout, so that
+    // what they show does not depend on how a person last left the window.
+    if (!scripted && !parser.isSet(screenshotOption))
+        host->restoreLayout();
 
     const QStringList positional = parser.positionalArguments();
     if (positional.isEmpty() || !host->openScene(positional.first())) {

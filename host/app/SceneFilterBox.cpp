@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QLineEdit>
+#include <QStyle>
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -27,7 +28,16 @@ SceneFilterBox::SceneFilterBox(QTreeView* tree, SceneModel* model, QWidget* pare
     setObjectName(QStringLiteral("SceneFilterBox"));
     m_edit->setObjectName(QStringLiteral("SceneFilter"));
     m_edit->setPlaceholderText(tr("Filter by name, type or field"));
-    m_edit->setClearButtonEnabled(true);
+    // A clear button of our own: Qt's fades in and out with an animation
+    // that is left allocated when the program ends while it runs.
+    QAction* clearText =
+        m_edit->addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), QLineEdit::TrailingPosition);
+    clearText->setObjectName(QStringLiteral("SceneFilterClear"));
+    clearText->setToolTip(tr("Clear the filter"));
+    clearText->setVisible(false);
+    connect(clearText, &QAction::triggered, m_edit, &QLineEdit::clear);
+    connect(m_edit, &QLineEdit::textChanged, clearText,
+            [clearText](const QString& text) { clearText->setVisible(!text.isEmpty()); });
     m_edit->setToolTip(tr("Shows the nodes and fields whose name or type holds this text, over the whole "
                           "scene. Return filters at once, Escape clears."));
     auto* clear = new QAction(m_edit);

@@ -161,7 +161,6 @@ private:
     KalFieldSampler* sampler() const;
     // The ornament's material, "Gold".
     SoNode* gold() const;
-    QImage viewFrame() const;
     // Selects a float field and types a value into its editor, Return.
     void typeIntoFloatEditor(const QString& path, const QString& text);
 
@@ -638,18 +637,6 @@ void tst_HostWindow::recentFilesReopen()
     QVERIFY(m_host->select(QStringLiteral("First")));
 }
 
-// What the 3D view shows, as the screen has it, once it has had time to
-// redraw.
-QImage tst_HostWindow::viewFrame() const
-{
-    QWidget* view = m_host->viewer()->getWidget();
-    QTest::qWait(200);
-    return QGuiApplication::primaryScreen()
-        ->grabWindow(m_host->window()->winId())
-        .copy(QRect(view->mapTo(m_host->window(), QPoint()), view->size()))
-        .toImage();
-}
-
 namespace {
 
 // Types a value into a cell of the list editor shown in the dock.
@@ -668,12 +655,12 @@ void tst_HostWindow::viewRedrawsWhenAFieldChanges()
 {
     if (!m_host->viewer())
         QSKIP("The 3D view needs an X server (this test also runs under Xvfb).");
-    const QImage before = viewFrame();
+    const QImage before = HostWindowTesting::viewFrame(*m_host);
     // The ornament goes from gold to pure blue; the host is not told.
     QVERIFY(gold());
     gold()->getField("diffuseColor")->set("0 0 1");
     gold()->getField("specularColor")->set("0 0 1");
-    const int changed = HostWindowTesting::changedPixels(before, viewFrame());
+    const int changed = HostWindowTesting::changedPixels(before, HostWindowTesting::viewFrame(*m_host));
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 }
 
@@ -691,19 +678,19 @@ void tst_HostWindow::viewFollowsListEdits()
     QTest::qWait(100);
     if (m_host->viewer()->getWidget()->width() < 200)
         QSKIP("The 3D view of a second host window is too narrow; checked in a run of its own.");
-    QImage before = viewFrame();
+    QImage before = HostWindowTesting::viewFrame(*m_host);
     QVERIFY(typeIntoListCell(fieldDock(), 0, 1, QStringLiteral("0.1")));
     SbString text;
     gold()->getField("diffuseColor")->get(text);
     QCOMPARE(QString::fromLatin1(text.getString()), QStringLiteral("0.1 0.60000002 0.15000001"));
-    int changed = HostWindowTesting::changedPixels(before, viewFrame());
+    int changed = HostWindowTesting::changedPixels(before, HostWindowTesting::viewFrame(*m_host));
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 
     QVERIFY(m_host->select(QStringLiteral("PedestalCoordinates.point")));
     QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxMFVec3fWidget"));
-    before = viewFrame();
+    before = HostWindowTesting::viewFrame(*m_host);
     QVERIFY(typeIntoListCell(fieldDock(), 4, 1, QStringLiteral("1.2")));
-    changed = HostWindowTesting::changedPixels(before, viewFrame());
+    changed = HostWindowTesting::changedPixels(before, HostWindowTesting::viewFrame(*m_host));
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 }
 

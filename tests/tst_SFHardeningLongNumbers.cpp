@@ -63,17 +63,6 @@ void paste(QLineEdit* edit, const QString& text)
     edit->insert(text);
 }
 
-// An editor made on its own, showing `field`.
-template <class Editor>
-std::unique_ptr<Editor> editorFor(SoField* field)
-{
-    auto editor = std::make_unique<Editor>();
-    editor->createWidget();
-    editor->setEditedObject(field);
-    editor->activate();
-    return editor;
-}
-
 template <class Editor>
 void closeEditor(Editor& editor)
 {

@@ -46,17 +46,6 @@ private:
 
 namespace {
 
-// An editor made on its own, showing `field`.
-template <class Editor>
-std::unique_ptr<Editor> editorFor(SoField* field)
-{
-    auto editor = std::make_unique<Editor>();
-    editor->createWidget();
-    editor->setEditedObject(field);
-    editor->activate();
-    return editor;
-}
-
 // Pastes over the whole text and presses Return.
 void pasteAndReturn(KalFieldEditors& editor, const QString& text)
 {

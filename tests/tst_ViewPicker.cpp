@@ -48,7 +48,6 @@ private:
     // Where the centre of the node's bounds is drawn, in the drawing
     // area's coordinates.
     QPoint drawnAt(SoNode* target) const;
-    QImage viewFrame() const;
     void sendMouse(QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons);
 
     std::unique_ptr<KalHostWindow> m_host;
@@ -98,16 +97,6 @@ QPoint tst_ViewPicker::drawnAt(SoNode* target) const
     return QPoint(int(screen[0] * area->width()), int((1.0f - screen[1]) * area->height()));
 }
 
-QImage tst_ViewPicker::viewFrame() const
-{
-    QWidget* view = m_host->viewer()->getWidget();
-    QTest::qWait(200);
-    return QGuiApplication::primaryScreen()
-        ->grabWindow(m_host->window()->winId())
-        .copy(QRect(view->mapTo(m_host->window(), QPoint()), view->size()))
-        .toImage();
-}
-
 void tst_ViewPicker::sendMouse(QEvent::Type type, const QPoint& at, Qt::MouseButtons buttons)
 {
     QWidget* area = m_host->viewer()->getGLWidget();
@@ -137,7 +126,7 @@ void tst_ViewPicker::clickSelectsAndTheSelectionIsOutlined()
     // The ornament's sphere, in the middle of the view.
     SoNode* sphere = node(QStringLiteral("/4/2"));
     QVERIFY(sphere && sphere->isOfType(SoSphere::getClassTypeId()));
-    const QImage unselected = viewFrame();
+    const QImage unselected = HostWindowTesting::viewFrame(*m_host);
     const QPoint onSphere = drawnAt(sphere);
     QVERIFY(area->rect().contains(onSphere));
     QTest::mouseClick(area, Qt::LeftButton, Qt::NoModifier, onSphere);
@@ -147,7 +136,7 @@ void tst_ViewPicker::clickSelectsAndTheSelectionIsOutlined()
     QVERIFY(m_host->tree()->visualRect(m_host->tree()->currentIndex()).isValid());
     // Outlined in the view.
     QCOMPARE(picker->highlighted(), sphere);
-    const QImage outlined = viewFrame();
+    const QImage outlined = HostWindowTesting::viewFrame(*m_host);
     int changed = HostWindowTesting::changedPixels(unselected, outlined);
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
 
@@ -161,7 +150,7 @@ void tst_ViewPicker::clickSelectsAndTheSelectionIsOutlined()
     // The outline follows the tree: another node, then a field's node.
     QVERIFY(m_host->select(QStringLiteral("Pedestal")));
     QCOMPARE(picker->highlighted(), node(QStringLiteral("Pedestal")));
-    changed = HostWindowTesting::changedPixels(outlined, viewFrame());
+    changed = HostWindowTesting::changedPixels(outlined, HostWindowTesting::viewFrame(*m_host));
     QVERIFY2(changed > 50, qPrintable(QString::number(changed)));
     QVERIFY(m_host->select(QStringLiteral("Gold.diffuseColor")));
     QCOMPARE(picker->highlighted(), node(QStringLiteral("Gold")));

@@ -62,6 +62,20 @@ QList<QWidget*> WindowLayout::pluginBars() const
     return bars;
 }
 
+QHash<QWidget*, bool> WindowLayout::pluginVisibility() const
+{
+    QHash<QWidget*, bool> shown;
+    for (QWidget* bar : pluginBars())
+        shown.insert(bar, !bar->isHidden());
+    return shown;
+}
+
+void WindowLayout::setVisibility(const QHash<QWidget*, bool>& shown)
+{
+    for (auto it = shown.cbegin(); it != shown.cend(); ++it)
+        it.key()->setVisible(it.value());
+}
+
 void WindowLayout::arrange()
 {
     applySizes();
@@ -108,14 +122,11 @@ bool WindowLayout::restore()
     if (geometry.isEmpty() && state.isEmpty())
         return false;
 
-    QHash<QWidget*, bool> shown;
-    for (QWidget* bar : pluginBars())
-        shown.insert(bar, !bar->isHidden());
+    const QHash<QWidget*, bool> shown = pluginVisibility();
     // Qt keeps a restored window on a screen that is there.
     const bool placed = !geometry.isEmpty() && m_window->restoreGeometry(geometry);
     const bool arranged = !state.isEmpty() && m_window->restoreState(state, kStateVersion);
-    for (auto it = shown.cbegin(); it != shown.cend(); ++it)
-        it.key()->setVisible(it.value());
+    setVisibility(shown);
     if (!placed)
         fitToScreen();
     return placed || arranged;
@@ -135,17 +146,14 @@ void WindowLayout::noteEditorWidth(int width)
 
 void WindowLayout::reset()
 {
-    QHash<QWidget*, bool> shown;
-    for (QWidget* bar : pluginBars())
-        shown.insert(bar, !bar->isHidden());
+    const QHash<QWidget*, bool> shown = pluginVisibility();
     if (!m_defaultState.isEmpty())
         m_window->restoreState(m_defaultState, kStateVersion);
     for (QDockWidget* dock : m_left)
         dock->show();
     if (m_right)
         m_right->show();
-    for (auto it = shown.cbegin(); it != shown.cend(); ++it)
-        it.key()->setVisible(it.value());
+    setVisibility(shown);
     fitToScreen();
     applySizes();
 }

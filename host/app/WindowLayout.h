@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QObject>
 
@@ -47,6 +48,10 @@ public:
 
 private:
     QList<QWidget*> pluginBars() const;
+    // The plug-ins' docks and toolbars, shown or not, to be put back after
+    // a saved or default state has had its say.
+    QHash<QWidget*, bool> pluginVisibility() const;
+    static void setVisibility(const QHash<QWidget*, bool>& shown);
     void applySizes();
 
     QMainWindow* m_window;

@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <memory>
+
 // Runs the field sensors due, as the host's event loop would: editors
 // refresh from them.
 inline void processSensors()
@@ -20,4 +22,15 @@ inline QString fieldText(SoField* field)
     SbString text;
     field->get(text);
     return QString::fromUtf8(text.getString());
+}
+
+// An editor made on its own, showing `field`.
+template <class Editor>
+std::unique_ptr<Editor> editorFor(SoField* field)
+{
+    auto editor = std::make_unique<Editor>();
+    editor->createWidget();
+    editor->setEditedObject(field);
+    editor->activate();
+    return editor;
 }

@@ -9,9 +9,13 @@
 #include <SoKalExtensions.h>
 
 #include <Inventor/Qt/SoQt.h>
+#include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 #include <Inventor/SoDB.h>
 
+#include <QGuiApplication>
 #include <QImage>
+#include <QMainWindow>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QtTest>
 
@@ -51,6 +55,18 @@ inline std::unique_ptr<KalHostWindow> sampleWithPlugin(bool view)
     if (!QTest::qWaitForWindowExposed(host->window()))
         return nullptr;
     return host;
+}
+
+// What the 3D view shows, as the screen has it, once it has had time to
+// redraw.
+inline QImage viewFrame(const KalHostWindow& host)
+{
+    QWidget* view = host.viewer()->getWidget();
+    QTest::qWait(200);
+    return QGuiApplication::primaryScreen()
+        ->grabWindow(host.window()->winId())
+        .copy(QRect(view->mapTo(host.window(), QPoint()), view->size()))
+        .toImage();
 }
 
 // Pixels that differ between two pictures of the 3D view, every second one

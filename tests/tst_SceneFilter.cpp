@@ -7,14 +7,18 @@
 #include <KalServices.h>
 #include <LargeStack.h>
 #include <SceneFilterBox.h>
+#include <SceneFilterModel.h>
 #include <SceneModel.h>
 #include <ScenePath.h>
 #include <SceneSearch.h>
 
 #include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoMFFloat.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoGroup.h>
+#include <Inventor/nodes/SoMaterial.h>
 
+#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QDockWidget>
 #include <QLineEdit>
@@ -44,19 +48,32 @@ private slots:
     void noMatchShowsNoRows();
     void selectingAFilteredRowSelectsItsField();
     void keysMoveOverShownRowsOnly();
+    void downGoesFromTheBoxToTheRows();
+    void aRowSelectedElsewhereIsSelectedInTheFilteredTree();
+    void aMatchedNodeOpensToAllItsRows();
+    void valuesFollowTheirFieldsWhileFiltered();
+    void filteredRowsFormAConsistentModel();
     void clearingGivesTheTreeBack();
+    void theSceneTreeKeepsWhatAPersonOpened();
     void aNewSceneIsFilteredByTheSameText();
     void deepScenesAreSearchedWithoutRecursion();
+    void deepScenesAreMappedWithoutRecursion();
 
 private:
     QLineEdit* filter() const;
     SceneFilterBox* box() const;
     // Types a filter text as a person would.
     void typeFilter(const QString& text);
+    // The tree in sight: the filtered one while a text is set.
+    QTreeView* shownTree() const;
     // The names of the rows in sight, top to bottom.
     QStringList shownRows() const;
+    // A row of the scene model, and where the tree in sight shows it.
     QModelIndex row(const QString& path) const;
-    void clickRow(const QModelIndex& index);
+    QModelIndex shown(const QModelIndex& sceneRow) const;
+    // The scene model's row for one of the tree in sight.
+    QModelIndex sceneRow(const QModelIndex& shownRow) const;
+    void clickRow(const QModelIndex& sceneRow);
 
     std::unique_ptr<KalHostWindow> m_host;
     QTemporaryDir m_dir;
@@ -103,16 +120,29 @@ void tst_SceneFilter::typeFilter(const QString& text)
     QTest::keyClicks(edit, text);
 }
 
+QTreeView* tst_SceneFilter::shownTree() const
+{
+    QTreeView* filtered = box()->filteredTree();
+    return filtered->isHidden() ? m_host->tree() : filtered;
+}
+
 QStringList tst_SceneFilter::shownRows() const
 {
-    QTreeView* tree = m_host->tree();
+    QTreeView* tree = shownTree();
     QStringList names;
-    QModelIndex at = tree->model()->index(0, 0);
-    if (at.isValid() && tree->isRowHidden(0, QModelIndex()))
-        return names;
-    for (; at.isValid(); at = tree->indexBelow(at))
+    for (QModelIndex at = tree->model()->index(0, 0); at.isValid(); at = tree->indexBelow(at))
         names << at.data().toString();
     return names;
+}
+
+QModelIndex tst_SceneFilter::shown(const QModelIndex& sceneRow) const
+{
+    return shownTree() == m_host->tree() ? sceneRow : box()->filteredModel()->mapFromSource(sceneRow);
+}
+
+QModelIndex tst_SceneFilter::sceneRow(const QModelIndex& shownRow) const
+{
+    return shownTree() == m_host->tree() ? shownRow : box()->filteredModel()->mapToSource(shownRow);
 }
 
 QModelIndex tst_SceneFilter::row(const QString& path) const
@@ -124,9 +154,11 @@ QModelIndex tst_SceneFilter::row(const QString& path) const
     return index;
 }
 
-void tst_SceneFilter::clickRow(const QModelIndex& index)
+void tst_SceneFilter::clickRow(const QModelIndex& sceneRow)
 {
-    QTreeView* tree = m_host->tree();
+    QTreeView* tree = shownTree();
+    const QModelIndex index = shown(sceneRow);
+    QVERIFY(index.isValid());
     tree->scrollTo(index);
     const QRect rect = tree->visualRect(index);
     QVERIFY(rect.isValid());
@@ -207,7 +239,7 @@ void tst_SceneFilter::rowsNoViewHasAskedForAreFound()
     QTRY_COMPARE(shownRows(), expected);
     // Laid out in the tree, not only reachable in the model (at 31 levels,
     // indented past the column's width, so its rectangle has a height only).
-    QVERIFY(m_host->tree()->visualRect(row(QStringLiteral("Bottom"))).height() > 0);
+    QVERIFY(shownTree()->visualRect(shown(row(QStringLiteral("Bottom")))).height() > 0);
 }
 
 void tst_SceneFilter::noMatchShowsNoRows()
@@ -247,14 +279,121 @@ void tst_SceneFilter::keysMoveOverShownRowsOnly()
 {
     typeFilter(QStringLiteral("diffuseColor"));
     QTRY_COMPARE(shownRows().size(), 10);
-    QTreeView* tree = m_host->tree();
+    QTreeView* tree = shownTree();
     clickRow(row(QStringLiteral("Stone.diffuseColor")));
     QTest::keyClick(tree, Qt::Key_Down);
-    // Past the pedestal's hidden rows, to the ornament.
-    QCOMPARE(tree->currentIndex(), row(QStringLiteral("Ornament")));
+    // Past the pedestal's rows the filter left out, to the ornament.
+    QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Ornament")));
     QTest::keyClick(tree, Qt::Key_Down);
     QTest::keyClick(tree, Qt::Key_Down);
-    QCOMPARE(tree->currentIndex(), row(QStringLiteral("Gold.diffuseColor")));
+    QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.diffuseColor")));
+    // The scene tree, out of sight, follows: it is what the host reads.
+    QCOMPARE(m_host->tree()->currentIndex(), row(QStringLiteral("Gold.diffuseColor")));
+}
+
+void tst_SceneFilter::downGoesFromTheBoxToTheRows()
+{
+    m_host->window()->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_host->window()));
+    filter()->setFocus();
+    // Before typing pauses: the rows are filtered first.
+    QTest::keyClicks(filter(), QStringLiteral("Sphere"));
+    QTest::keyClick(filter(), Qt::Key_Down);
+    QTreeView* tree = shownTree();
+    QCOMPARE(tree, box()->filteredTree());
+    QVERIFY(tree->hasFocus());
+    QCOMPARE(sceneRow(tree->currentIndex()), m_host->model()->index(0, 0));
+    QTest::keyClick(tree, Qt::Key_Down);
+    QTest::keyClick(tree, Qt::Key_Down);
+    const QModelIndex sphere = sceneRow(tree->currentIndex());
+    QCOMPARE(sphere.data().toString(), QStringLiteral("Sphere"));
+    QCOMPARE(sphere.parent(), row(QStringLiteral("Ornament")));
+    QCOMPARE(m_host->tree()->currentIndex(), sphere);
+}
+
+void tst_SceneFilter::aRowSelectedElsewhereIsSelectedInTheFilteredTree()
+{
+    QSignalSpy fields(KalServices::getInstance(), &KalServices::selectedFieldChanged);
+    typeFilter(QStringLiteral("diffuseColor"));
+    QTRY_COMPARE(shownRows().size(), 10);
+    QTreeView* tree = shownTree();
+
+    // As a pick in the 3D view or a scripted selection does.
+    QVERIFY(m_host->select(QStringLiteral("Gold.diffuseColor")));
+    QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.diffuseColor")));
+    QCOMPARE(tree->selectionModel()->selectedRows().size(), 1);
+    QCOMPARE(fields.last().at(0).value<SoField*>(),
+             m_host->model()->field(row(QStringLiteral("Gold.diffuseColor"))));
+
+    // A row the filter leaves out is selected for the host, and nothing in
+    // the filtered tree is.
+    QVERIFY(m_host->select(QStringLiteral("Gold.shininess")));
+    QCOMPARE(fields.last().at(0).value<SoField*>(),
+             m_host->model()->field(row(QStringLiteral("Gold.shininess"))));
+    QVERIFY(tree->selectionModel()->selectedRows().isEmpty());
+    QCOMPARE(shownTree(), tree);
+
+    // A new text keeps the selected row selected where it shows it.
+    typeFilter(QStringLiteral("shininess"));
+    QTRY_VERIFY(shownRows().contains(QStringLiteral("shininess")));
+    QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.shininess")));
+    QVERIFY(tree->selectionModel()->isRowSelected(tree->currentIndex().row(), tree->currentIndex().parent()));
+}
+
+void tst_SceneFilter::aMatchedNodeOpensToAllItsRows()
+{
+    typeFilter(QStringLiteral("Gold"));
+    QTRY_COMPARE(shownRows(), (QStringList{"Separator", "Ornament", "Gold"}));
+    QTreeView* tree = shownTree();
+    const QModelIndex gold = shown(row(QStringLiteral("Gold")));
+    // Matched by its own name: folded, with every field it has.
+    QVERIFY(!tree->isExpanded(gold));
+    QCOMPARE(tree->model()->rowCount(gold), m_host->model()->rowCount(row(QStringLiteral("Gold"))));
+    tree->expand(gold);
+    const QStringList rows = shownRows();
+    for (const char* name :
+         {"ambientColor", "diffuseColor", "specularColor", "emissiveColor", "shininess", "transparency"})
+        QVERIFY2(rows.contains(QLatin1String(name)), name);
+    QCOMPARE(rows.size(), 3 + m_host->model()->rowCount(row(QStringLiteral("Gold"))));
+    clickRow(row(QStringLiteral("Gold.transparency")));
+    QCOMPARE(m_host->tree()->currentIndex(), row(QStringLiteral("Gold.transparency")));
+}
+
+void tst_SceneFilter::valuesFollowTheirFieldsWhileFiltered()
+{
+    typeFilter(QStringLiteral("shininess"));
+    QTRY_VERIFY(shownRows().contains(QStringLiteral("shininess")));
+    const QModelIndex field = row(QStringLiteral("Gold.shininess"));
+    const QModelIndex value = shown(field.siblingAtColumn(SceneModel::ValueColumn));
+    QVERIFY(value.isValid());
+    QSignalSpy changed(shownTree()->model(), &QAbstractItemModel::dataChanged);
+    auto* shininess = static_cast<SoMFFloat*>(m_host->model()->field(field));
+    shininess->setValue(0.25f);
+    QTRY_VERIFY(!changed.isEmpty());
+    QCOMPARE(changed.last().at(0).toModelIndex(), value);
+    QCOMPARE(value.data().toString(), QStringLiteral("[1] 0.25"));
+}
+
+void tst_SceneFilter::filteredRowsFormAConsistentModel()
+{
+    QAbstractItemModelTester tester(box()->filteredModel(),
+                                    QAbstractItemModelTester::FailureReportingMode::QtTest);
+    for (const char* text : {"diffuseColor", "Gold", "Sphere", "NothingIsCalledThis", "e"}) {
+        typeFilter(QLatin1String(text));
+        QTRY_COMPARE(box()->filteredModel()->rowCount(),
+                     QLatin1String(text) == QLatin1String("NothingIsCalledThis") ? 0 : 1);
+        QVERIFY(!QTest::currentTestFailed());
+        // Every row shown maps to the scene model and back.
+        QTreeView* tree = shownTree();
+        for (QModelIndex at = tree->model()->index(0, 0); at.isValid(); at = tree->indexBelow(at)) {
+            const QModelIndex source = sceneRow(at);
+            QVERIFY(source.isValid());
+            QCOMPARE(shown(source), at);
+            QCOMPARE(at.data(), source.data());
+        }
+    }
+    QTest::keyClick(filter(), Qt::Key_Escape);
+    QTRY_COMPARE(box()->filteredModel()->rowCount(), 0);
 }
 
 void tst_SceneFilter::clearingGivesTheTreeBack()
@@ -290,6 +429,25 @@ void tst_SceneFilter::clearingGivesTheTreeBack()
     for (const char* name : {"OrnamentTransform", "Gold", "ambientColor", "transparency", "Sphere", "Label"})
         QVERIFY2(shownRows().contains(QLatin1String(name)), name);
     QVERIFY(!shownRows().contains(QStringLiteral("Stone")));
+}
+
+void tst_SceneFilter::theSceneTreeKeepsWhatAPersonOpened()
+{
+    QTreeView* tree = m_host->tree();
+    const QModelIndex pedestal = row(QStringLiteral("Pedestal"));
+    tree->expand(pedestal);
+    const QStringList before = shownRows();
+    QVERIFY(before.contains(QStringLiteral("Stone")));
+
+    typeFilter(QStringLiteral("Sphere"));
+    QTRY_COMPARE(shownRows(), (QStringList{"Separator", "Ornament", "Sphere"}));
+    // Folding a row in the filtered tree leaves the scene tree alone.
+    shownTree()->collapse(shown(row(QStringLiteral("Ornament"))));
+    QTest::keyClick(filter(), Qt::Key_Escape);
+    QTRY_COMPARE(shownTree(), tree);
+    QVERIFY(tree->isExpanded(pedestal));
+    QVERIFY(!tree->isExpanded(row(QStringLiteral("Ornament"))));
+    QCOMPARE(shownRows(), before);
 }
 
 void tst_SceneFilter::aNewSceneIsFilteredByTheSameText()
@@ -328,6 +486,38 @@ void tst_SceneFilter::deepScenesAreSearchedWithoutRecursion()
     QVERIFY(!found.rows.back().narrowed);
     QCOMPARE(found.rows.back().parent, kLevels - 1);
     LargeStack::unref(root);
+}
+
+void tst_SceneFilter::deepScenesAreMappedWithoutRecursion()
+{
+    // The top matches by its name and nothing below it does, so every row
+    // under it is shown as the scene model has it, and reaching the deepest
+    // one makes a listing per level.
+    constexpr int kLevels = 200000;
+    SoNode* below = new SoCube;
+    for (int level = 0; level < kLevels; ++level) {
+        auto* group = new SoGroup;
+        group->addChild(below);
+        below = group;
+    }
+    below->setName("Top");
+    SceneModel model;
+    model.setRoot(below);
+    {
+        SceneFilterModel filtered(&model);
+        filtered.setFound(SceneSearch::run(model.root(), QStringLiteral("top")));
+        QCOMPARE(filtered.rowCount(), 1);
+        QVERIFY(filtered.openedRows().empty());
+        const QModelIndex deepest = model.nodeIndex(std::vector<int>(kLevels, 0));
+        QVERIFY(deepest.isValid());
+        QCOMPARE(deepest.data().toString(), QStringLiteral("Cube"));
+        const QModelIndex shownDeepest = filtered.mapFromSource(deepest);
+        QVERIFY(shownDeepest.isValid());
+        QCOMPARE(shownDeepest.data().toString(), QStringLiteral("Cube"));
+        QCOMPARE(filtered.mapToSource(shownDeepest), deepest);
+    }
+    // The rows go level by level as well.
+    model.setRoot(nullptr);
 }
 
 QTEST_MAIN(tst_SceneFilter)

@@ -1,16 +1,18 @@
 #include "SceneFilterBox.h"
 
+#include "SceneFilterModel.h"
 #include "SceneModel.h"
 #include "SceneSearch.h"
 
 #include <QAction>
+#include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
+#include <QStackedWidget>
 #include <QStyle>
 #include <QTimer>
 #include <QTreeView>
 #include <QVBoxLayout>
-
-#include <unordered_set>
 
 namespace {
 // Long enough that a word typed at speed is searched once, short enough
@@ -24,6 +26,9 @@ SceneFilterBox::SceneFilterBox(QTreeView* tree, SceneModel* model, QWidget* pare
     , m_model(model)
     , m_edit(new QLineEdit(this))
     , m_pause(new QTimer(this))
+    , m_trees(new QStackedWidget(this))
+    , m_filtered(new SceneFilterModel(model, this))
+    , m_filteredTree(new QTreeView)
 {
     setObjectName(QStringLiteral("SceneFilterBox"));
     m_edit->setObjectName(QStringLiteral("SceneFilter"));
@@ -45,21 +50,39 @@ SceneFilterBox::SceneFilterBox(QTreeView* tree, SceneModel* model, QWidget* pare
     clear->setShortcutContext(Qt::WidgetShortcut);
     m_edit->addAction(clear);
     connect(clear, &QAction::triggered, m_edit, &QLineEdit::clear);
+    // Down goes on from the box to the rows it found.
+    m_edit->installEventFilter(this);
 
+    // The filtered tree looks and selects like the scene tree.
+    m_filteredTree->setObjectName(QStringLiteral("SceneFilterTree"));
+    m_filteredTree->setModel(m_filtered);
+    m_filteredTree->setUniformRowHeights(m_tree->uniformRowHeights());
+    m_filteredTree->setAlternatingRowColors(m_tree->alternatingRowColors());
+    m_filteredTree->setSelectionMode(m_tree->selectionMode());
+    m_filteredTree->setSelectionBehavior(m_tree->selectionBehavior());
+    m_filteredTree->setTextElideMode(m_tree->textElideMode());
+    m_filteredTree->header()->setStretchLastSection(m_tree->header()->stretchLastSection());
+    matchHeader(m_tree, m_filteredTree);
+    connect(m_filteredTree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &SceneFilterBox::filteredSelectionChanged);
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &SceneFilterBox::sceneSelectionChanged);
+
+    m_trees->addWidget(m_tree);
+    m_trees->addWidget(m_filteredTree);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     layout->addWidget(m_edit);
-    layout->addWidget(m_tree);
+    layout->addWidget(m_trees);
 
     m_pause->setSingleShot(true);
     m_pause->setInterval(kTypingPauseMs);
     connect(m_pause, &QTimer::timeout, this, &SceneFilterBox::apply);
     connect(m_edit, &QLineEdit::textChanged, m_pause, qOverload<>(&QTimer::start));
     connect(m_edit, &QLineEdit::returnPressed, this, &SceneFilterBox::apply);
-    // A new scene is filtered by the same text; what was hidden in the old
-    // one went with its rows.
-    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &SceneFilterBox::forgetRows);
+    // A new scene is filtered by the same text (its filtered rows went with
+    // the old scene's).
     connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
         m_matches = 0;
         if (!m_edit->text().trimmed().isEmpty())
@@ -67,11 +90,25 @@ SceneFilterBox::SceneFilterBox(QTreeView* tree, SceneModel* model, QWidget* pare
     });
 }
 
-SceneFilterBox::~SceneFilterBox() = default;
+SceneFilterBox::~SceneFilterBox()
+{
+    // The view goes before its model, and with it every index it holds.
+    delete m_filteredTree;
+}
 
 QLineEdit* SceneFilterBox::edit() const
 {
     return m_edit;
+}
+
+QTreeView* SceneFilterBox::filteredTree() const
+{
+    return m_filteredTree;
+}
+
+SceneFilterModel* SceneFilterBox::filteredModel() const
+{
+    return m_filtered;
 }
 
 int SceneFilterBox::matchCount() const
@@ -79,82 +116,112 @@ int SceneFilterBox::matchCount() const
     return m_matches;
 }
 
-void SceneFilterBox::forgetRows()
+void SceneFilterBox::matchHeader(QTreeView* from, QTreeView* to)
 {
-    m_narrowed.clear();
-    m_rootHidden = false;
-}
-
-template <typename Hidden>
-void SceneFilterBox::forEachHidden(Hidden hidden) const
-{
-    if (m_rootHidden)
-        hidden(0, QModelIndex());
-    for (const Narrowed& narrowed : m_narrowed) {
-        if (!narrowed.row.isValid())
-            continue;
-        const QModelIndex here = narrowed.row;
-        const int count = m_model->rowCount(here);
-        auto kept = narrowed.keptRows.begin();
-        for (int row = 0; row < count; ++row) {
-            if (kept != narrowed.keptRows.end() && *kept == row)
-                ++kept;
-            else
-                hidden(row, here);
-        }
-    }
-}
-
-void SceneFilterBox::restore()
-{
-    // Shown again first: that puts off the tree's layout to one pass, and
-    // the rows folded below only drop out of a list until then.
-    forEachHidden([this](int row, const QModelIndex& parent) { m_tree->setRowHidden(row, parent, false); });
-    // What the filter opened folds again, except the rows the current one
-    // sits under: the row a person picked while filtering stays in sight.
-    std::unordered_set<void*> holdingCurrent;
-    for (QModelIndex up = m_tree->currentIndex(); up.isValid(); up = up.parent())
-        holdingCurrent.insert(up.internalPointer());
-    for (const Narrowed& narrowed : m_narrowed) {
-        if (narrowed.opened && narrowed.row.isValid() &&
-            !holdingCurrent.count(narrowed.row.internalPointer()))
-            m_tree->collapse(narrowed.row);
-    }
-    forgetRows();
+    for (int column = 0; column < SceneModel::ColumnCount; ++column)
+        to->setColumnWidth(column, from->columnWidth(column));
 }
 
 void SceneFilterBox::apply()
 {
     m_pause->stop();
     const QString text = m_edit->text().trimmed();
-    restore();
     m_matches = 0;
     if (text.isEmpty()) {
-        if (m_tree->currentIndex().isValid())
-            m_tree->scrollTo(m_tree->currentIndex());
+        showScene();
         return;
     }
     SceneSearch::Result found = SceneSearch::run(m_model->root(), text);
     m_matches = found.matches;
-    if (found.rows.empty()) {
-        m_rootHidden = m_model->rowCount() > 0;
-    } else {
-        // Only rows with something matching inside are opened and thinned
-        // out; a parent entry always comes before its children.
-        std::vector<QModelIndex> indexes(found.rows.size());
-        for (size_t i = 0; i < found.rows.size(); ++i) {
-            SceneSearch::Row& entry = found.rows[i];
-            if (!entry.narrowed)
-                continue;
-            const QModelIndex parent = entry.parent < 0 ? QModelIndex() : indexes[size_t(entry.parent)];
-            indexes[i] = m_model->index(entry.row, 0, parent);
-            m_narrowed.push_back({indexes[i], std::move(entry.keptRows), !m_tree->isExpanded(indexes[i])});
+    m_filtered->setFound(std::move(found));
+    showFiltered();
+}
+
+void SceneFilterBox::showFiltered()
+{
+    if (m_trees->currentWidget() != m_filteredTree)
+        matchHeader(m_tree, m_filteredTree);
+    // Opened before the tree lays its rows out, which it then does once.
+    for (const QModelIndex& row : m_filtered->openedRows())
+        m_filteredTree->expand(row);
+    m_trees->setCurrentWidget(m_filteredTree);
+    m_filteredTree->scrollToTop();
+    // The row selected before stays selected if the filter shows it.
+    sceneSelectionChanged();
+}
+
+void SceneFilterBox::showScene()
+{
+    if (m_trees->currentWidget() == m_tree)
+        return;
+    matchHeader(m_filteredTree, m_tree);
+    const bool hadFocus = m_filteredTree->hasFocus();
+    m_trees->setCurrentWidget(m_tree);
+    // The filtered rows are let go of: a view of the scene keeps only what
+    // a person opened in it.
+    m_filtered->clear();
+    if (hadFocus)
+        m_tree->setFocus();
+    // The row picked while filtering stays in sight, with what holds it
+    // opened; the rest is as it was before the filter.
+    const QModelIndex current = m_tree->currentIndex();
+    if (!current.isValid())
+        return;
+    for (QModelIndex up = current.parent(); up.isValid(); up = up.parent())
+        m_tree->expand(up);
+    m_tree->scrollTo(current);
+}
+
+bool SceneFilterBox::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_edit && event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Down && key->modifiers() == Qt::NoModifier) {
+            enterRows();
+            return true;
         }
     }
-    forEachHidden([this](int row, const QModelIndex& parent) { m_tree->setRowHidden(row, parent, true); });
-    for (const Narrowed& narrowed : m_narrowed) {
-        if (narrowed.opened)
-            m_tree->expand(narrowed.row);
+    return QWidget::eventFilter(watched, event);
+}
+
+void SceneFilterBox::enterRows()
+{
+    if (m_pause->isActive())
+        apply();
+    auto* tree = static_cast<QTreeView*>(m_trees->currentWidget());
+    tree->setFocus(Qt::TabFocusReason);
+    if (!tree->currentIndex().isValid() && tree->model()->rowCount() > 0)
+        tree->setCurrentIndex(tree->model()->index(0, 0));
+}
+
+void SceneFilterBox::filteredSelectionChanged()
+{
+    if (m_mirroring)
+        return;
+    const QModelIndexList rows = m_filteredTree->selectionModel()->selectedRows();
+    const QModelIndex row = rows.isEmpty() ? QModelIndex() : m_filtered->mapToSource(rows.first());
+    m_mirroring = true;
+    if (row.isValid())
+        m_tree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
+                                                           QItemSelectionModel::Rows);
+    else
+        m_tree->selectionModel()->clearSelection();
+    m_mirroring = false;
+}
+
+void SceneFilterBox::sceneSelectionChanged()
+{
+    if (m_mirroring || m_trees->currentWidget() != m_filteredTree)
+        return;
+    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
+    const QModelIndex row = rows.isEmpty() ? QModelIndex() : m_filtered->mapFromSource(rows.first());
+    m_mirroring = true;
+    if (row.isValid()) {
+        m_filteredTree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
+                                                                   QItemSelectionModel::Rows);
+        m_filteredTree->scrollTo(row);
+    } else {
+        m_filteredTree->selectionModel()->clearSelection();
     }
-    m_tree->scrollToTop();
+    m_mirroring = false;
 }

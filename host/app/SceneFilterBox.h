@@ -1,25 +1,27 @@
 #pragma once
 
-#include <QPersistentModelIndex>
 #include <QWidget>
 
-#include <vector>
-
+class QItemSelection;
 class QLineEdit;
+class QStackedWidget;
 class QTimer;
 class QTreeView;
+class SceneFilterModel;
 class SceneModel;
 
 // The scene tree with a filter box above it. A text shows the rows whose
 // name, type or field name holds it, with their ancestors opened, over the
 // whole scene; an empty one gives the tree back as it was.
 //
-// Rows are hidden in the tree rather than left out by a proxy model, so that
-// the tree's indices stay the scene model's and selecting a row means what
-// it did without a filter.
+// While a text is set, a second tree over the filtered rows takes the scene
+// tree's place. The scene tree itself is left as it was, so that its indices
+// stay the scene model's and its open rows need no putting back; a row
+// selected in either tree is selected in the other.
 class SceneFilterBox : public QWidget
 {
     Q_OBJECT
+    Q_DISABLE_COPY(SceneFilterBox)
 
 public:
     // The tree is placed below the box; its model is the scene model.
@@ -27,6 +29,9 @@ public:
     ~SceneFilterBox() override;
 
     QLineEdit* edit() const;
+    // The tree of the filtered rows, in sight while a text is set.
+    QTreeView* filteredTree() const;
+    SceneFilterModel* filteredModel() const;
     // Rows whose text matched the filter applied last (0 without one).
     int matchCount() const;
 
@@ -34,28 +39,25 @@ public slots:
     // Filters by the box's text now, without waiting for typing to pause.
     void apply();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
-    // Calls back for each row the filter hid.
-    template <typename Hidden>
-    void forEachHidden(Hidden hidden) const;
-    void restore();
-    void forgetRows();
+    void showScene();
+    void enterRows();
+    void showFiltered();
+    void filteredSelectionChanged();
+    void sceneSelectionChanged();
+    void matchHeader(QTreeView* from, QTreeView* to);
 
     QTreeView* m_tree;
     SceneModel* m_model;
     QLineEdit* m_edit;
     QTimer* m_pause;
+    QStackedWidget* m_trees;
+    SceneFilterModel* m_filtered;
+    QTreeView* m_filteredTree;
     int m_matches = 0;
-    // What the filter thinned out and opened, to give back when it
-    // changes: a row with the rows below it that stayed. Held per parent,
-    // not per hidden row, since the tree holds an index of its own for each
-    // of those.
-    struct Narrowed
-    {
-        QPersistentModelIndex row;
-        std::vector<int> keptRows;
-        bool opened = false;
-    };
-    std::vector<Narrowed> m_narrowed;
-    bool m_rootHidden = false;
+    // Set while one tree's selection is passed to the other.
+    bool m_mirroring = false;
 };

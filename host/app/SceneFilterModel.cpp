@@ -1,0 +1,252 @@
+#include "SceneFilterModel.h"
+
+#include "SceneModel.h"
+
+#include <algorithm>
+#include <utility>
+
+SceneFilterModel::SceneFilterModel(SceneModel* scene, QObject* parent)
+    : QAbstractProxyModel(parent)
+    , m_scene(scene)
+{
+    QAbstractProxyModel::setSourceModel(scene);
+    forget();
+    // The scene model never inserts, removes or moves rows: a new scene
+    // resets it, and values change in place.
+    connect(scene, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        beginResetModel();
+        forget();
+    });
+    connect(scene, &QAbstractItemModel::modelReset, this, &SceneFilterModel::endResetModel);
+    connect(scene, &QAbstractItemModel::dataChanged, this, &SceneFilterModel::sourceDataChanged);
+}
+
+SceneFilterModel::~SceneFilterModel() = default;
+
+void SceneFilterModel::forget()
+{
+    m_byParent.clear();
+    m_listings.clear();
+    m_listings.emplace_back();
+    m_listings.back().narrowed = true;
+    m_byParent.emplace(nullptr, &m_listings.back());
+}
+
+void SceneFilterModel::clear()
+{
+    beginResetModel();
+    forget();
+    endResetModel();
+}
+
+void SceneFilterModel::setFound(SceneSearch::Result found)
+{
+    beginResetModel();
+    forget();
+    Listing* top = &m_listings.front();
+    if (!found.rows.empty())
+        top->rows.push_back(0);
+    // Entries come parent first, and only a narrowed entry holds others.
+    std::vector<Listing*> listings(found.rows.size(), nullptr);
+    for (size_t i = 0; i < found.rows.size(); ++i) {
+        SceneSearch::Row& entry = found.rows[i];
+        if (!entry.narrowed)
+            continue;
+        Listing* holder = entry.parent < 0 ? top : listings[size_t(entry.parent)];
+        if (!holder)
+            continue;
+        Listing listing;
+        listing.sourceParent = m_scene->index(entry.row, 0, holder->sourceParent);
+        if (!listing.sourceParent.isValid())
+            continue;
+        listing.holder = holder;
+        listing.proxyRow = proxyRowOf(holder, entry.row);
+        listing.narrowed = true;
+        listing.rows = std::move(entry.keptRows);
+        m_listings.push_back(std::move(listing));
+        listings[i] = &m_listings.back();
+        m_byParent[listings[i]->sourceParent.internalPointer()] = listings[i];
+        if (listings[i]->proxyRow >= 0)
+            slotUnder(holder, listings[i]->proxyRow) = listings[i];
+    }
+    endResetModel();
+}
+
+std::vector<QModelIndex> SceneFilterModel::openedRows() const
+{
+    std::vector<QModelIndex> rows;
+    for (const Listing& listing : m_listings) {
+        if (listing.narrowed && listing.holder && listing.proxyRow >= 0)
+            rows.push_back(createIndex(listing.proxyRow, 0, listing.holder));
+    }
+    return rows;
+}
+
+SceneFilterModel::Listing* SceneFilterModel::listingOf(const QModelIndex& sourceParent) const
+{
+    const auto found = m_byParent.find(sourceParent.internalPointer());
+    return found == m_byParent.end() ? nullptr : found->second;
+}
+
+SceneFilterModel::Listing*& SceneFilterModel::slotUnder(Listing* holder, int proxyRow) const
+{
+    if (holder->under.empty())
+        holder->under.resize(size_t(rowsOf(holder)), nullptr);
+    if (size_t(proxyRow) >= holder->under.size())
+        holder->under.resize(size_t(proxyRow) + 1, nullptr);
+    return holder->under[size_t(proxyRow)];
+}
+
+SceneFilterModel::Listing* SceneFilterModel::listingUnder(Listing* holder, int proxyRow) const
+{
+    Listing*& slot = slotUnder(holder, proxyRow);
+    if (slot)
+        return slot;
+    const int sourceRow = holder->narrowed ? holder->rows[size_t(proxyRow)] : proxyRow;
+    const QModelIndex sourceParent = m_scene->index(sourceRow, 0, holder->sourceParent);
+    if (!sourceParent.isValid())
+        return nullptr;
+    Listing listing;
+    listing.sourceParent = sourceParent;
+    listing.holder = holder;
+    listing.proxyRow = proxyRow;
+    m_listings.push_back(std::move(listing));
+    slot = &m_listings.back();
+    m_byParent.emplace(sourceParent.internalPointer(), slot);
+    return slot;
+}
+
+int SceneFilterModel::rowsOf(const Listing* listing) const
+{
+    return listing->narrowed ? int(listing->rows.size()) : m_scene->rowCount(listing->sourceParent);
+}
+
+int SceneFilterModel::proxyRowOf(const Listing* listing, int sourceRow) const
+{
+    if (!listing->narrowed)
+        return sourceRow >= 0 && sourceRow < m_scene->rowCount(listing->sourceParent) ? sourceRow : -1;
+    const auto at = std::lower_bound(listing->rows.begin(), listing->rows.end(), sourceRow);
+    return at != listing->rows.end() && *at == sourceRow ? int(at - listing->rows.begin()) : -1;
+}
+
+QModelIndex SceneFilterModel::mapToSource(const QModelIndex& proxyIndex) const
+{
+    if (!proxyIndex.isValid() || proxyIndex.model() != this)
+        return QModelIndex();
+    const auto* holder = static_cast<const Listing*>(proxyIndex.internalPointer());
+    const int sourceRow = holder->narrowed ? holder->rows[size_t(proxyIndex.row())] : proxyIndex.row();
+    return m_scene->index(sourceRow, proxyIndex.column(), holder->sourceParent);
+}
+
+QModelIndex SceneFilterModel::mapFromSource(const QModelIndex& sourceIndex) const
+{
+    if (!sourceIndex.isValid() || sourceIndex.model() != m_scene)
+        return QModelIndex();
+    // Up to the nearest row whose parent has a listing already (the top
+    // always has one), without recursing: scenes go tens of thousands of
+    // levels deep.
+    std::vector<QModelIndex> below;
+    QModelIndex row = sourceIndex.siblingAtColumn(0);
+    Listing* holder = nullptr;
+    for (;;) {
+        const QModelIndex up = row.parent();
+        holder = listingOf(up);
+        if (holder)
+            break;
+        below.push_back(row);
+        row = up;
+    }
+    // Down again: each row on the way must be shown, and the listing under
+    // it is made as a view would make it.
+    for (;;) {
+        const int proxyRow = proxyRowOf(holder, row.row());
+        if (proxyRow < 0)
+            return QModelIndex();
+        if (below.empty())
+            return createIndex(proxyRow, sourceIndex.column(), holder);
+        holder = listingUnder(holder, proxyRow);
+        if (!holder)
+            return QModelIndex();
+        row = below.back();
+        below.pop_back();
+    }
+}
+
+QModelIndex SceneFilterModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (row < 0 || column < 0 || column >= SceneModel::ColumnCount)
+        return QModelIndex();
+    Listing* holder = &m_listings.front();
+    if (parent.isValid()) {
+        if (parent.model() != this || parent.column() != 0)
+            return QModelIndex();
+        holder = listingUnder(static_cast<Listing*>(parent.internalPointer()), parent.row());
+    }
+    if (!holder || row >= rowsOf(holder))
+        return QModelIndex();
+    return createIndex(row, column, holder);
+}
+
+QModelIndex SceneFilterModel::parent(const QModelIndex& child) const
+{
+    if (!child.isValid())
+        return QModelIndex();
+    const auto* holder = static_cast<const Listing*>(child.internalPointer());
+    if (!holder->holder)
+        return QModelIndex();
+    return createIndex(holder->proxyRow, 0, holder->holder);
+}
+
+QModelIndex SceneFilterModel::sibling(int row, int column, const QModelIndex& index) const
+{
+    if (!index.isValid() || row < 0 || column < 0 || column >= SceneModel::ColumnCount)
+        return QModelIndex();
+    auto* holder = static_cast<Listing*>(index.internalPointer());
+    return row < rowsOf(holder) ? createIndex(row, column, holder) : QModelIndex();
+}
+
+int SceneFilterModel::rowCount(const QModelIndex& parent) const
+{
+    if (!parent.isValid())
+        return rowsOf(&m_listings.front());
+    if (parent.column() != 0)
+        return 0;
+    // Asked of every row a view lays out: a listing is made only when a
+    // view opens the row.
+    auto* holder = static_cast<Listing*>(parent.internalPointer());
+    if (size_t(parent.row()) < holder->under.size() && holder->under[size_t(parent.row())])
+        return rowsOf(holder->under[size_t(parent.row())]);
+    return m_scene->rowCount(mapToSource(parent));
+}
+
+int SceneFilterModel::columnCount(const QModelIndex&) const
+{
+    return SceneModel::ColumnCount;
+}
+
+bool SceneFilterModel::hasChildren(const QModelIndex& parent) const
+{
+    return rowCount(parent) > 0;
+}
+
+QVariant SceneFilterModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    // Straight through: the headers stay when the filter leaves no rows.
+    return m_scene->headerData(section, orientation, role);
+}
+
+void SceneFilterModel::sourceDataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                         const QVector<int>& roles)
+{
+    // A row no view has asked for has no listing above it, and nothing to
+    // repaint.
+    const Listing* holder = listingOf(topLeft.parent());
+    if (!holder)
+        return;
+    const int first = proxyRowOf(holder, topLeft.row());
+    const int last = proxyRowOf(holder, bottomRight.row());
+    if (first < 0 || last < 0)
+        return;
+    emit dataChanged(createIndex(first, topLeft.column(), const_cast<Listing*>(holder)),
+                     createIndex(last, bottomRight.column(), const_cast<Listing*>(holder)), roles);
+}

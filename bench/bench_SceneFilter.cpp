@@ -1,68 +1,28 @@
 // The filter box above the host's scene tree on the 100,000-node scene: from
 // the text to the filtered tree laid out and drawn, for a text that matches a
 // few rows and for texts that match tens of thousands, and back again.
+#include "BenchHost.h"
 #include "EventLoopPass.h"
 
-#include <KalFieldSampler.h>
-#include <KalHostWindow.h>
-#include <KalPluginsManager.h>
-#include <KalShell.h>
 #include <SceneFilterBox.h>
 
-#include <Inventor/Qt/SoQt.h>
-
-#include <QFile>
 #include <QLineEdit>
-#include <QMainWindow>
-#include <QTemporaryDir>
 #include <QTreeView>
 
 #include <benchmark/benchmark.h>
 
 namespace {
 
-// bench_HostApp's scene, 1,000 groups of 99 nodes each, plus the groups and
-// the root, with four of its cubes named so that a name matches a few rows.
-QString hugeScenePath()
-{
-    static QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("huge.iv"));
-    if (QFile::exists(path))
-        return path;
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write("#Inventor V2.1 ascii\nSeparator {\n");
-    for (int group = 0; group < 1000; ++group) {
-        file.write("Separator {\n");
-        for (int i = 0; i < 99; ++i) {
-            if (i == 49 && group % 333 == 0)
-                file.write(QStringLiteral("DEF Marker%1 Cube { width 2 }\n").arg(group).toUtf8());
-            else
-                file.write((i % 2) ? "Cube { width 2 }\n" : "Material { diffuseColor 0.5 0.5 0.5 }\n");
-        }
-        file.write("}\n");
-    }
-    file.write("}\n");
-    return path;
-}
-
+// The shared host window with the scene open, once.
 KalHostWindow& host()
 {
-    static KalHostWindow* instance = [] {
-        KalFieldSampler::initClass();
-        SoQt::init(KalShell::getInstance()->getMainWindow());
-        KalHostWindow::Options options;
-        options.interactive = false;
-        options.view = false;
-        auto* window = new KalHostWindow(options);
-        KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
-        window->arrangeDocks();
-        window->window()->show();
-        window->openScene(hugeScenePath());
+    static KalHostWindow& window = []() -> KalHostWindow& {
+        KalHostWindow& shared = benchHost();
+        shared.openScene(hugeScenePath());
         eventLoopPass();
-        return window;
+        return shared;
     }();
-    return *instance;
+    return window;
 }
 
 const char* const kTexts[] = {"Marker", "Cube", "width"};

@@ -1,0 +1,58 @@
+#pragma once
+// The host window and the 100,000-node scene the host benchmarks share.
+#include <KalFieldSampler.h>
+#include <KalHostWindow.h>
+#include <KalPluginsManager.h>
+#include <KalShell.h>
+
+#include <Inventor/Qt/SoQt.h>
+
+#include <QFile>
+#include <QMainWindow>
+#include <QTemporaryDir>
+
+// 1,000 groups of 99 nodes each, plus the groups and the root: 100,001
+// nodes. Four of the cubes have names ("Marker0", "Marker333", ...), so that
+// a name is found a few times.
+inline QString hugeScenePath()
+{
+    static QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("huge.iv"));
+    if (QFile::exists(path))
+        return path;
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write("#Inventor V2.1 ascii\nSeparator {\n");
+    for (int group = 0; group < 1000; ++group) {
+        file.write("Separator {\n");
+        for (int i = 0; i < 99; ++i) {
+            if (i == 49 && group % 333 == 0)
+                file.write(QStringLiteral("DEF Marker%1 Cube { width 2 }\n").arg(group).toUtf8());
+            else
+                file.write((i % 2) ? "Cube { width 2 }\n" : "Material { diffuseColor 0.5 0.5 0.5 }\n");
+        }
+        file.write("}\n");
+    }
+    file.write("}\n");
+    return path;
+}
+
+// One shown host window without a 3D view, with the plug-in loaded and the
+// docks in their default places, made on first use.
+inline KalHostWindow& benchHost()
+{
+    static KalHostWindow* instance = [] {
+        KalFieldSampler::initClass();
+        SoQt::init(KalShell::getInstance()->getMainWindow());
+        KalHostWindow::Options options;
+        options.interactive = false;
+        options.view = false;
+        auto* window = new KalHostWindow(options);
+        window->pluginLoaded(
+            KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH)));
+        window->arrangeDocks();
+        window->window()->show();
+        return window;
+    }();
+    return *instance;
+}

@@ -28,6 +28,7 @@
 #include <QtTest>
 
 #include <memory>
+#include <vector>
 
 Q_DECLARE_METATYPE(SoField*)
 Q_DECLARE_METATYPE(SoFieldContainer*)
@@ -53,6 +54,7 @@ private slots:
     void aMatchedNodeOpensToAllItsRows();
     void valuesFollowTheirFieldsWhileFiltered();
     void filteredRowsFormAConsistentModel();
+    void rowsSelectedElsewhereJoinAConsistentModel();
     void clearingGivesTheTreeBack();
     void theSceneTreeKeepsWhatAPersonOpened();
     void aNewSceneIsFilteredByTheSameText();
@@ -325,17 +327,52 @@ void tst_SceneFilter::aRowSelectedElsewhereIsSelectedInTheFilteredTree()
     QCOMPARE(fields.last().at(0).value<SoField*>(),
              m_host->model()->field(row(QStringLiteral("Gold.diffuseColor"))));
 
-    // A row the filter leaves out is selected for the host, and nothing in
-    // the filtered tree is.
+    // A row the filter leaves out joins the filtered rows, in its place
+    // among them, selected; the text and the other rows stay.
     QVERIFY(m_host->select(QStringLiteral("Gold.shininess")));
     QCOMPARE(fields.last().at(0).value<SoField*>(),
              m_host->model()->field(row(QStringLiteral("Gold.shininess"))));
-    QVERIFY(tree->selectionModel()->selectedRows().isEmpty());
     QCOMPARE(shownTree(), tree);
+    QCOMPARE(filter()->text(), QStringLiteral("diffuseColor"));
+    QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.shininess")));
+    QCOMPARE(tree->selectionModel()->selectedRows().size(), 1);
+    QCOMPARE(shownRows(), (QStringList{"Separator", "Pedestal", "Stone", "diffuseColor", "Ornament", "Gold",
+                                       "diffuseColor", "shininess", "Label", "LabelColor", "diffuseColor"}));
 
-    // A new text keeps the selected row selected where it shows it.
+    // A node no filtered row holds comes in with its ancestors, folded,
+    // before the rows that follow it in the scene.
+    const QModelIndex light = row(QStringLiteral("KeyLight"));
+    QVERIFY(light.isValid());
+    QVERIFY(m_host->select(QStringLiteral("KeyLight")));
+    QCOMPARE(sceneRow(tree->currentIndex()), light);
+    QVERIFY(!tree->isExpanded(tree->currentIndex()));
+    QVERIFY(tree->visualRect(tree->currentIndex()).isValid());
+    // Shown top to bottom in the scene's order: each row's places from the
+    // root come after the row above's.
+    std::vector<int> above;
+    for (QModelIndex at = tree->model()->index(0, 0); at.isValid(); at = tree->indexBelow(at)) {
+        std::vector<int> places;
+        for (QModelIndex up = sceneRow(at); up.isValid(); up = up.parent())
+            places.insert(places.begin(), up.row());
+        QVERIFY(above < places);
+        above = places;
+    }
+    QVERIFY(shownRows().contains(QStringLiteral("KeyLight")));
+    QVERIFY(shownRows().contains(QStringLiteral("shininess")));
+
+    // A new text shows what it matches, and not the selected row with it;
+    // it keeps the selected row selected where it shows it.
+    const QStringList shininess{"Separator", "Pedestal",  "Stone", "shininess",  "Ornament",
+                                "Gold",      "shininess", "Label", "LabelColor", "shininess"};
     typeFilter(QStringLiteral("shininess"));
-    QTRY_VERIFY(shownRows().contains(QStringLiteral("shininess")));
+    QTRY_COMPARE(shownRows(), shininess);
+    QVERIFY(tree->selectionModel()->selectedRows().isEmpty());
+    QCOMPARE(m_host->tree()->currentIndex(), light);
+    QVERIFY(m_host->select(QStringLiteral("Gold.shininess")));
+    QCOMPARE(shownRows(), shininess);
+    typeFilter(QStringLiteral("shininess "));
+    QTest::keyClick(filter(), Qt::Key_Return);
+    QCOMPARE(shownRows(), shininess);
     QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.shininess")));
     QVERIFY(tree->selectionModel()->isRowSelected(tree->currentIndex().row(), tree->currentIndex().parent()));
 }
@@ -394,6 +431,61 @@ void tst_SceneFilter::filteredRowsFormAConsistentModel()
     }
     QTest::keyClick(filter(), Qt::Key_Escape);
     QTRY_COMPARE(box()->filteredModel()->rowCount(), 0);
+}
+
+void tst_SceneFilter::rowsSelectedElsewhereJoinAConsistentModel()
+{
+    SceneFilterModel* model = box()->filteredModel();
+    QAbstractItemModelTester tester(model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+    QSignalSpy reset(model, &QAbstractItemModel::modelReset);
+    typeFilter(QStringLiteral("NothingIsCalledThis"));
+    QTRY_COMPARE(shownTree(), box()->filteredTree());
+    QCOMPARE(model->rowCount(), 0);
+    const int resets = reset.count();
+
+    // Into an empty filter, a row below one the next selection shares
+    // ancestors with, one before it, a field above, the root, a row shown
+    // already.
+    const QStringList picks{"Gold.shininess", "KeyLight", "Label", "Stone.diffuseColor", "Gold.shininess"};
+    QPersistentModelIndex goldShininess;
+    for (const QString& pick : picks) {
+        QVERIFY(m_host->select(pick));
+        QVERIFY(!QTest::currentTestFailed());
+        const QModelIndex current = shownTree()->currentIndex();
+        QCOMPARE(sceneRow(current), row(pick));
+        if (!goldShininess.isValid())
+            goldShininess = current;
+        // Held across the rows that came in before it.
+        QCOMPARE(sceneRow(goldShininess), row(QStringLiteral("Gold.shininess")));
+    }
+    const QModelIndex root = m_host->model()->index(0, 0);
+    QCOMPARE(model->reveal(root), model->index(0, 0));
+    QVERIFY(!model->reveal(QModelIndex()).isValid());
+    // Each pick came in by an insert of its own; the model was not reset.
+    QCOMPARE(reset.count(), resets);
+    QCOMPARE(inserted.count(), 4);
+    QTreeView* tree = shownTree();
+    QStringList expected{"Separator", "KeyLight", "Pedestal",  "Stone", "diffuseColor",
+                         "Ornament",  "Gold",     "shininess", "Label"};
+    QCOMPARE(shownRows(), expected);
+    for (QModelIndex at = tree->model()->index(0, 0); at.isValid(); at = tree->indexBelow(at)) {
+        const QModelIndex source = sceneRow(at);
+        QVERIFY(source.isValid());
+        QCOMPARE(shown(source), at);
+        QCOMPARE(at.data(), source.data());
+    }
+    // A value changing in a row that came in is repainted.
+    QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
+    SoField* shininess = m_host->model()->field(row(QStringLiteral("Gold.shininess")));
+    QVERIFY(shininess);
+    shininess->set("0.25");
+    QTRY_VERIFY(!changed.isEmpty());
+    QCOMPARE(shown(row(QStringLiteral("Gold.shininess")))
+                 .siblingAtColumn(SceneModel::ValueColumn)
+                 .data()
+                 .toString(),
+             QStringLiteral("[1] 0.25"));
 }
 
 void tst_SceneFilter::clearingGivesTheTreeBack()
@@ -515,6 +607,16 @@ void tst_SceneFilter::deepScenesAreMappedWithoutRecursion()
         QVERIFY(shownDeepest.isValid());
         QCOMPARE(shownDeepest.data().toString(), QStringLiteral("Cube"));
         QCOMPARE(filtered.mapToSource(shownDeepest), deepest);
+
+        // Brought in by itself, the deepest row comes with every level above
+        // it, each listing one row.
+        filtered.setFound(SceneSearch::run(model.root(), QStringLiteral("nothing here")));
+        QCOMPARE(filtered.rowCount(), 0);
+        const QModelIndex revealed = filtered.reveal(deepest);
+        QVERIFY(revealed.isValid());
+        QCOMPARE(filtered.mapToSource(revealed), deepest);
+        QCOMPARE(filtered.rowCount(), 1);
+        QCOMPARE(filtered.rowCount(filtered.parent(revealed)), 1);
     }
     // The rows go level by level as well.
     model.setRoot(nullptr);

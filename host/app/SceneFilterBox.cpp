@@ -66,7 +66,7 @@ SceneFilterBox::SceneFilterBox(QTreeView* tree, SceneModel* model, QWidget* pare
     connect(m_filteredTree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &SceneFilterBox::filteredSelectionChanged);
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &SceneFilterBox::sceneSelectionChanged);
+            [this] { followSceneSelection(true); });
 
     m_trees->addWidget(m_tree);
     m_trees->addWidget(m_filteredTree);
@@ -147,7 +147,7 @@ void SceneFilterBox::showFiltered()
     m_trees->setCurrentWidget(m_filteredTree);
     m_filteredTree->scrollToTop();
     // The row selected before stays selected if the filter shows it.
-    sceneSelectionChanged();
+    followSceneSelection(false);
 }
 
 void SceneFilterBox::showScene()
@@ -209,12 +209,14 @@ void SceneFilterBox::filteredSelectionChanged()
     m_mirroring = false;
 }
 
-void SceneFilterBox::sceneSelectionChanged()
+void SceneFilterBox::followSceneSelection(bool reveal)
 {
     if (m_mirroring || m_trees->currentWidget() != m_filteredTree)
         return;
     const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
-    const QModelIndex row = rows.isEmpty() ? QModelIndex() : m_filtered->mapFromSource(rows.first());
+    QModelIndex row;
+    if (!rows.isEmpty())
+        row = reveal ? m_filtered->reveal(rows.first()) : m_filtered->mapFromSource(rows.first());
     m_mirroring = true;
     if (row.isValid()) {
         m_filteredTree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |

@@ -47,7 +47,11 @@ private:
     void enterRows();
     void showFiltered();
     void filteredSelectionChanged();
-    void sceneSelectionChanged();
+    // Selects in the filtered tree what the scene tree has selected. A row
+    // selected elsewhere (the 3D view, a script) that the filter left out
+    // is added to the filtered rows when reveal is set; after a new text,
+    // a selection the text does not match is not.
+    void followSceneSelection(bool reveal);
     void matchHeader(QTreeView* from, QTreeView* to);
 
     QTreeView* m_tree;

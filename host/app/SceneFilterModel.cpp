@@ -72,6 +72,74 @@ void SceneFilterModel::setFound(SceneSearch::Result found)
     endResetModel();
 }
 
+QModelIndex SceneFilterModel::reveal(const QModelIndex& sourceIndex)
+{
+    if (!sourceIndex.isValid() || sourceIndex.model() != m_scene)
+        return QModelIndex();
+    // The way down from the top, the row itself last; without recursing.
+    std::vector<QModelIndex> path;
+    for (QModelIndex row = sourceIndex.siblingAtColumn(0); row.isValid(); row = row.parent())
+        path.push_back(row);
+    std::reverse(path.begin(), path.end());
+    // Down to the first row the filter left out, if any. Only a narrowed
+    // listing leaves rows out, so that is where the row goes in.
+    Listing* holder = &m_listings.front();
+    size_t depth = 0;
+    for (; depth < path.size(); ++depth) {
+        const int proxyRow = proxyRowOf(holder, path[depth].row());
+        if (proxyRow < 0)
+            break;
+        if (depth + 1 == path.size())
+            return createIndex(proxyRow, sourceIndex.column(), holder);
+        holder = listingUnder(holder, proxyRow);
+        if (!holder)
+            return QModelIndex();
+    }
+    if (depth == path.size() || !holder->narrowed)
+        return QModelIndex();
+    // The rows below it come in with it: each ancestor lists only the next
+    // row on the way, as a search that found the row alone would have.
+    const auto at = std::lower_bound(holder->rows.begin(), holder->rows.end(), path[depth].row());
+    const int insertAt = int(at - holder->rows.begin());
+    Listing* first = nullptr;
+    Listing* above = nullptr;
+    for (size_t level = depth; level + 1 < path.size(); ++level) {
+        Listing listing;
+        listing.sourceParent = path[level];
+        listing.holder = above ? above : holder;
+        listing.proxyRow = above ? 0 : insertAt;
+        listing.narrowed = true;
+        listing.rows.push_back(path[level + 1].row());
+        m_listings.push_back(std::move(listing));
+        Listing* made = &m_listings.back();
+        m_byParent[path[level].internalPointer()] = made;
+        if (above)
+            above->under.assign(1, made);
+        else
+            first = made;
+        above = made;
+    }
+
+    beginInsertRows(proxyIndexOf(holder), insertAt, insertAt);
+    holder->rows.insert(at, path[depth].row());
+    if (holder->under.size() >= size_t(insertAt)) {
+        holder->under.insert(holder->under.begin() + insertAt, first);
+        for (size_t later = size_t(insertAt) + 1; later < holder->under.size(); ++later) {
+            if (holder->under[later])
+                holder->under[later]->proxyRow = int(later);
+        }
+    } else if (first) {
+        slotUnder(holder, insertAt) = first;
+    }
+    endInsertRows();
+    return mapFromSource(sourceIndex);
+}
+
+QModelIndex SceneFilterModel::proxyIndexOf(const Listing* listing) const
+{
+    return listing->holder ? createIndex(listing->proxyRow, 0, listing->holder) : QModelIndex();
+}
+
 std::vector<QModelIndex> SceneFilterModel::openedRows() const
 {
     std::vector<QModelIndex> rows;
@@ -192,9 +260,7 @@ QModelIndex SceneFilterModel::parent(const QModelIndex& child) const
     if (!child.isValid())
         return QModelIndex();
     const auto* holder = static_cast<const Listing*>(child.internalPointer());
-    if (!holder->holder)
-        return QModelIndex();
-    return createIndex(holder->proxyRow, 0, holder->holder);
+    return proxyIndexOf(holder);
 }
 
 QModelIndex SceneFilterModel::sibling(int row, int column, const QModelIndex& index) const

@@ -33,6 +33,11 @@ public:
     void setFound(SceneSearch::Result found);
     // No rows, and nothing kept from the last search.
     void clear();
+    // Where a row of the scene model is shown, adding it, with those of its
+    // ancestors the filter left out, if the filter left it out. Selecting a
+    // node in the 3D view while a filter is set shows it this way rather
+    // than losing the filter or selecting nothing.
+    QModelIndex reveal(const QModelIndex& sourceIndex);
 
     // The rows the search opened (something inside them matched), a parent
     // before its children.
@@ -69,6 +74,7 @@ private:
     };
 
     void forget();
+    QModelIndex proxyIndexOf(const Listing* listing) const;
     Listing* listingOf(const QModelIndex& sourceParent) const;
     // Where the listing of a shown row is kept; null until one is made.
     Listing*& slotUnder(Listing* holder, int proxyRow) const;

@@ -5,7 +5,10 @@
 #include "HostWindowTesting.h"
 #include "ListEditorTesting.h"
 
+#include <CommandNamer.h>
 #include <SceneModel.h>
+
+#include <Inventor/fields/SoMFVec3f.h>
 
 #include <QAction>
 #include <QLineEdit>
@@ -27,11 +30,14 @@ private slots:
     void everySamplerListHasItsEditor();
     void addEditAndUndoAString();
     void rowChangesAreNamedInTheHistory();
+    void aTypedCellIsNamedByItsRow();
+    void manyRowsAndLongListsAreNamedByCount();
     void numericEditsMarkTheSceneModified();
 
 private:
     KalFieldSampler* sampler() const;
     void trigger(const char* action);
+    void typeIntoCell(int row, int column, const QString& text);
 
     std::unique_ptr<KalHostWindow> m_host;
 };
@@ -122,7 +128,7 @@ void tst_HostListEditing::addEditAndUndoAString()
     QUndoStack* stack = KalServices::getInstance()->undoStack();
     QCOMPARE(stack->count(), 2);
     QCOMPARE(stack->text(0), QStringLiteral("Add a row to Sampler.lines"));
-    QVERIFY2(stack->text(1).startsWith(QStringLiteral("Set Sampler.lines")), qPrintable(stack->text(1)));
+    QCOMPARE(stack->text(1), QStringLiteral("Set row 2 of Sampler.lines: \"\" \u2192 \"a new line\""));
 
     // The value edit undoes to itself (the command read its old text after
     // the write); the row's addition undoes to the list as it was.
@@ -143,13 +149,85 @@ void tst_HostListEditing::rowChangesAreNamedInTheHistory()
     clickCell(0);
     click("m_addButton");
     click("m_deleteButton");
+    const QStringList beforeSwap = values(node->ramp);
     click("m_downButton");
     QUndoStack* stack = KalServices::getInstance()->undoStack();
     QCOMPARE(stack->count(), 3);
     QCOMPARE(stack->text(0), QStringLiteral("Add a row to Sampler.ramp"));
     QCOMPARE(stack->text(1), QStringLiteral("Delete a row from Sampler.ramp"));
-    QVERIFY2(stack->text(2).startsWith(QStringLiteral("Set Sampler.ramp")), qPrintable(stack->text(2)));
     QCOMPARE(node->ramp.getNum(), count);
+    // The history names the two rows the move exchanged, as the table
+    // numbers them.
+    const QStringList afterSwap = values(node->ramp);
+    QList<int> moved;
+    for (int i = 0; i < count; ++i) {
+        if (beforeSwap.at(i) != afterSwap.at(i))
+            moved << i + 1;
+    }
+    QCOMPARE(moved.size(), 2);
+    QCOMPARE(stack->text(2),
+             QStringLiteral("Swap rows %1 and %2 of Sampler.ramp").arg(moved[0]).arg(moved[1]));
+}
+
+void tst_HostListEditing::typeIntoCell(int row, int column, const QString& text)
+{
+    FxMFieldTable* shown = table();
+    QVERIFY(shown);
+    const QModelIndex cell = shown->model()->index(row, column);
+    shown->scrollTo(cell);
+    QTest::mouseClick(shown->viewport(), Qt::LeftButton, Qt::NoModifier, shown->visualRect(cell).center());
+    QTest::mouseDClick(shown->viewport(), Qt::LeftButton, Qt::NoModifier, shown->visualRect(cell).center());
+    auto* edit = qobject_cast<QLineEdit*>(shown->indexWidget(cell));
+    QVERIFY(edit);
+    edit->selectAll();
+    QTest::keyClicks(edit, text);
+    QTest::keyClick(edit, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    processSensors();
+}
+
+void tst_HostListEditing::aTypedCellIsNamedByItsRow()
+{
+    auto* coordinates = static_cast<SoMFVec3f*>(SoNode::getByName("PedestalCoordinates")->getField("point"));
+    QVERIFY(m_host->select(QStringLiteral("PedestalCoordinates.point")));
+    processSensors();
+    const SbVec3f before = (*coordinates)[4];
+    typeIntoCell(4, 1, QStringLiteral("1.2"));
+    QCOMPARE((*coordinates)[4][1], 1.2f);
+    QUndoStack* stack = KalServices::getInstance()->undoStack();
+    QCOMPARE(stack->count(), 1);
+    // Numbers as a person wrote them, not Coin's "1.2000000".
+    QCOMPARE(stack->text(0),
+             QStringLiteral("Set row 5 of PedestalCoordinates.point: %1 %2 %3 \u2192 %1 1.2 %3")
+                 .arg(double(before[0]))
+                 .arg(double(before[1]))
+                 .arg(double(before[2])));
+}
+
+void tst_HostListEditing::manyRowsAndLongListsAreNamedByCount()
+{
+    // Several rows changed at once, as a whole-list write does.
+    KalFieldSampler* node = sampler();
+    CommandNamer::Seen before = CommandNamer::seen(&node->ramp);
+    QVERIFY(node->ramp.getNum() >= 3);
+    node->ramp.set1Value(0, 10.5f);
+    node->ramp.set1Value(2, 12.5f);
+    QCOMPARE(CommandNamer::describe(&node->ramp, before, CommandNamer::seen(&node->ramp)),
+             QStringLiteral("Set 2 rows of Sampler.ramp"));
+
+    // A list too long to keep row by row is named by its length.
+    auto* coordinates = static_cast<SoMFVec3f*>(SoNode::getByName("PedestalCoordinates")->getField("point"));
+    const int count = CommandNamer::kMaxRowsNoted + 1;
+    coordinates->setNum(count);
+    processSensors();
+    QVERIFY(m_host->select(QStringLiteral("PedestalCoordinates.point")));
+    processSensors();
+    QCOMPARE(table()->rowCount(), count);
+    typeIntoCell(3, 0, QStringLiteral("0.25"));
+    QCOMPARE((*coordinates)[3][0], 0.25f);
+    QUndoStack* stack = KalServices::getInstance()->undoStack();
+    QCOMPARE(stack->count(), 1);
+    QCOMPARE(stack->text(0), QStringLiteral("Set PedestalCoordinates.point (%1 values)").arg(count));
 }
 
 void tst_HostListEditing::numericEditsMarkTheSceneModified()

@@ -10,6 +10,7 @@
 #include <Inventor/fields/SoMField.h>
 
 #include <QUndoStack>
+#include <QVector>
 
 namespace {
 constexpr int kMaxValueLength = 40;
@@ -28,6 +29,35 @@ QString placeOf(SoField* field)
         container->getFieldName(field, fieldName);
     }
     return QStringLiteral("%1.%2").arg(owner, QString::fromLatin1(fieldName.getString()));
+}
+
+QString clipped(QString shown)
+{
+    shown = shown.simplified();
+    if (shown.size() > kMaxValueLength)
+        shown = shown.left(kMaxValueLength - 1) + QChar(0x2026);
+    return shown;
+}
+
+QString rowText(SoField* field, const QString& coinText)
+{
+    return clipped(RoundTripText::shorten(coinText, field->getTypeId()));
+}
+
+// Where the rows of two sightings of one list differ, up to three places:
+// more than two are only counted.
+QVector<int> changedRows(const QStringList& before, const QStringList& after, int* count)
+{
+    QVector<int> changed;
+    *count = 0;
+    for (int i = 0; i < before.size(); ++i) {
+        if (before.at(i) == after.at(i))
+            continue;
+        ++*count;
+        if (changed.size() < 3)
+            changed << i;
+    }
+    return changed;
 }
 } // namespace
 
@@ -49,10 +79,7 @@ QString CommandNamer::shortText(SoField* field)
 {
     if (field->isOfType(SoMField::getClassTypeId()) && static_cast<SoMField*>(field)->getNum() > 4)
         return QObject::tr("%1 values").arg(static_cast<SoMField*>(field)->getNum());
-    QString shown = RoundTripText::of(field).simplified();
-    if (shown.size() > kMaxValueLength)
-        shown = shown.left(kMaxValueLength - 1) + QChar(0x2026);
-    return shown;
+    return clipped(RoundTripText::of(field));
 }
 
 CommandNamer::Seen CommandNamer::seen(SoField* field)
@@ -60,8 +87,18 @@ CommandNamer::Seen CommandNamer::seen(SoField* field)
     Seen result;
     result.text = shortText(field);
     result.ignored = field->isIgnored();
-    if (field->isOfType(SoMField::getClassTypeId()))
-        result.count = static_cast<SoMField*>(field)->getNum();
+    if (!field->isOfType(SoMField::getClassTypeId()))
+        return result;
+    auto* list = static_cast<SoMField*>(field);
+    result.count = list->getNum();
+    if (result.count <= kMaxRowsNoted) {
+        result.rows.reserve(result.count);
+        SbString text;
+        for (int i = 0; i < result.count; ++i) {
+            list->get1(i, text);
+            result.rows << QString::fromUtf8(text.getString());
+        }
+    }
     return result;
 }
 
@@ -77,9 +114,31 @@ QString CommandNamer::describe(SoField* field, const Seen& before, const Seen& a
         return rows > 0 ? tr("Add %1 rows to %2").arg(rows).arg(where)
                         : tr("Delete %1 rows from %2").arg(-rows).arg(where);
     }
-    if (!before.text.isNull() && before.text == after.text && before.ignored != after.ignored)
+    const bool sameValue =
+        before.count == after.count && before.rows.size() == before.count && after.rows.size() == after.count
+            ? before.rows == after.rows
+            : before.text == after.text;
+    if (!before.text.isNull() && sameValue && before.ignored != after.ignored)
         return after.ignored ? tr("Ignore %1").arg(placeOf(field))
                              : tr("Stop ignoring %1").arg(placeOf(field));
+    if (before.count >= 0 && before.count == after.count) {
+        const QString where = placeOf(field);
+        if (before.rows.size() != before.count || after.rows.size() != after.count)
+            return tr("Set %1 (%2 values)").arg(where).arg(after.count);
+        int count = 0;
+        const QVector<int> changed = changedRows(before.rows, after.rows, &count);
+        if (count == 1) {
+            const int row = changed.first();
+            return tr("Set row %1 of %2: %3 \u2192 %4")
+                .arg(row + 1)
+                .arg(where, rowText(field, before.rows.at(row)), rowText(field, after.rows.at(row)));
+        }
+        if (count == 2 && before.rows.at(changed[0]) == after.rows.at(changed[1]) &&
+            before.rows.at(changed[1]) == after.rows.at(changed[0]))
+            return tr("Swap rows %1 and %2 of %3").arg(changed[0] + 1).arg(changed[1] + 1).arg(where);
+        if (count > 1)
+            return tr("Set %1 rows of %2").arg(count).arg(where);
+    }
     return describe(field, before.text, after.text);
 }
 

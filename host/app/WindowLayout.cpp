@@ -41,7 +41,11 @@ void WindowLayout::fitToScreen()
         return;
     }
     const QRect available = screen->availableGeometry();
-    const QSize size = kPreferredSize.boundedTo(available.size() - kFrameAllowance);
+    // A large screen gets a window in proportion, and the growth goes to
+    // the 3D view: the columns beside it keep the widths they need.
+    const QSize share(available.width() * kScreenSharePercent / 100,
+                      available.height() * kScreenSharePercent / 100);
+    const QSize size = kPreferredSize.expandedTo(share).boundedTo(available.size() - kFrameAllowance);
     m_window->resize(size);
     QRect placed(QPoint(), size);
     placed.moveCenter(available.center());

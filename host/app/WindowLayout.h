@@ -22,7 +22,8 @@ public:
                  QObject* parent = nullptr);
 
     // The size the window opens with, within the available area of its
-    // screen, centred on it.
+    // screen, centred on it: 1280x800, or the given share of a screen
+    // larger than that.
     void fitToScreen();
     // The default arrangement, once the plug-ins' docks are in; it is also
     // what reset() returns to.
@@ -45,6 +46,7 @@ public:
     static constexpr int kConsoleHeight = 150;
     static constexpr int kMinLeftWidth = 200;
     static constexpr int kMinViewWidth = 320;
+    static constexpr int kScreenSharePercent = 80;
 
 private:
     QList<QWidget*> pluginBars() const;

@@ -194,7 +194,7 @@ void DemoTour::step()
         m_ok = m_host->select(QStringLiteral("PedestalCoordinates.point")) &&
                typeIntoListCell(4, 1, QStringLiteral("1.2")) && m_ok;
         then(QStringLiteral("13-vector-list.png"),
-             QStringLiteral("selected PedestalCoordinates.point (MFVec3f), typed 1.2 into y of row 4: a "
+             QStringLiteral("selected PedestalCoordinates.point (MFVec3f), typed 1.2 into y of row 5: a "
                             "raised corner"));
         return;
     case 7:

@@ -8,8 +8,13 @@
 # The extender library and the scene-graph extension library are what every
 # plug-in links against: they go where libraries go. Each finds the other
 # beside itself.
+# A plug-in built against them records the major version in their soname, so
+# that an incompatible release can be installed beside it rather than break it.
 install(TARGETS KalibraExtenderAPI KalSceneGraphExt LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
-set_target_properties(KalibraExtenderAPI KalSceneGraphExt PROPERTIES INSTALL_RPATH "$ORIGIN")
+set_target_properties(KalibraExtenderAPI KalSceneGraphExt PROPERTIES
+    INSTALL_RPATH "$ORIGIN"
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
 
 file(RELATIVE_PATH kal_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 install(TARGETS kalhost RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -44,6 +49,9 @@ string(CONCAT CPACK_PACKAGE_DESCRIPTION
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# A shlibs file for the two versioned libraries, and the ldconfig trigger
+# that keeps the linker's cache current when they are installed or removed.
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 # The build carries debugging information; the package does not need it.
 set(CPACK_STRIP_FILES ON)
 include(CPack)

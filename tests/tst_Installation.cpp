@@ -57,6 +57,7 @@ private slots:
     void initTestCase();
     void filesLandInTheStandardPlaces();
     void runPathsStayInsideTheInstallation();
+    void librariesCarryTheirMajorVersion();
     void installedHostFindsThePluginByItself();
     void helpSaysWhereThePluginIsLookedFor();
 
@@ -116,6 +117,35 @@ void tst_Installation::runPathsStayInsideTheInstallation()
         for (const QString& entry : match.captured(1).split(QLatin1Char(':'))) {
             QVERIFY2(entry.startsWith(QStringLiteral("$ORIGIN")),
                      qPrintable(file + QStringLiteral(" looks in ") + entry));
+        }
+    }
+}
+
+void tst_Installation::librariesCarryTheirMajorVersion()
+{
+    const QRegularExpression soname(QStringLiteral("\\(SONAME\\)\\s+Library soname: \\[(.*)\\]"));
+    const QRegularExpression needed(QStringLiteral("\\(NEEDED\\)\\s+Shared library: \\[(libKal[^]]*)\\]"));
+    for (const char* name : {"libKalibraExtenderAPI.so", "libKalSceneGraphExt.so"}) {
+        const QString versioned = QLatin1String(name) + QStringLiteral(".%1").arg(KAL_VERSION_MAJOR);
+        QVERIFY2(QFileInfo::exists(libDir() + QLatin1Char('/') + versioned), qPrintable(versioned));
+        const Run run =
+            runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), libDir() + QLatin1Char('/') + name},
+                       cleanEnvironment());
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QCOMPARE(soname.match(run.out).captured(1), versioned);
+    }
+    // What the program and the plug-in ask for is the versioned name.
+    for (const QString& file : {installed(QStringLiteral("bin/kalhost")), pluginPath()}) {
+        const Run run =
+            runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), file}, cleanEnvironment());
+        QVERIFY2(run.code == 0, qPrintable(run.err));
+        QStringList libraries;
+        for (QRegularExpressionMatchIterator it = needed.globalMatch(run.out); it.hasNext();)
+            libraries << it.next().captured(1);
+        QVERIFY2(!libraries.isEmpty(), qPrintable(file));
+        for (const QString& library : libraries) {
+            QVERIFY2(library.endsWith(QStringLiteral(".so.%1").arg(KAL_VERSION_MAJOR)),
+                     qPrintable(file + QStringLiteral(" needs ") + library));
         }
     }
 }

@@ -32,6 +32,7 @@ private slots:
     void rowChangesAreNamedInTheHistory();
     void aTypedCellIsNamedByItsRow();
     void manyRowsAndLongListsAreNamedByCount();
+    void ignoringAListIsNamedAsSuch();
     void numericEditsMarkTheSceneModified();
 
 private:
@@ -250,6 +251,25 @@ void tst_HostListEditing::numericEditsMarkTheSceneModified()
     // Numeric lists write without a command, but the scene has changed.
     QVERIFY(m_host->isModified());
     QCOMPARE(KalServices::getInstance()->undoStack()->count(), 0);
+}
+
+void tst_HostListEditing::ignoringAListIsNamedAsSuch()
+{
+    // The rows are compared, not the list's text, to tell that only the
+    // ignore flag changed.
+    KalFieldSampler* node = sampler();
+    QVERIFY(m_host->select(QStringLiteral("Sampler.ramp")));
+    processSensors();
+    const QStringList before = values(node->ramp);
+    click("m_ignoreButton");
+    QVERIFY(node->ramp.isIgnored());
+    QCOMPARE(values(node->ramp), before);
+    click("m_ignoreButton");
+    QVERIFY(!node->ramp.isIgnored());
+    QUndoStack* stack = KalServices::getInstance()->undoStack();
+    QCOMPARE(stack->count(), 2);
+    QCOMPARE(stack->text(0), QStringLiteral("Ignore Sampler.ramp"));
+    QCOMPARE(stack->text(1), QStringLiteral("Stop ignoring Sampler.ramp"));
 }
 
 QTEST_MAIN(tst_HostListEditing)

@@ -64,6 +64,11 @@ private slots:
 private:
     QString installed(const QString& relative) const { return m_prefix.filePath(relative); }
     QString libDir() const { return installed(QStringLiteral(KAL_INSTALL_LIBDIR)); }
+    // readelf's listing of a file's dynamic section: run path, soname, needs.
+    static Run dynamicSection(const QString& file)
+    {
+        return runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), file}, cleanEnvironment());
+    }
     QString pluginPath() const
     {
         return installed(QStringLiteral(KAL_INSTALL_LIBDIR "/" KAL_PLUGIN_INSTALL_DIR "/libKalDefaults.so"));
@@ -109,8 +114,7 @@ void tst_Installation::runPathsStayInsideTheInstallation()
                                libDir() + QStringLiteral("/libKalibraExtenderAPI.so"),
                                libDir() + QStringLiteral("/libKalSceneGraphExt.so"), pluginPath()};
     for (const QString& file : files) {
-        const Run run =
-            runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), file}, cleanEnvironment());
+        const Run run = dynamicSection(file);
         QVERIFY2(run.code == 0, qPrintable(run.err));
         const QRegularExpressionMatch match = runPath.match(run.out);
         QVERIFY2(match.hasMatch(), qPrintable(file + QStringLiteral(": no run path")));
@@ -128,16 +132,13 @@ void tst_Installation::librariesCarryTheirMajorVersion()
     for (const char* name : {"libKalibraExtenderAPI.so", "libKalSceneGraphExt.so"}) {
         const QString versioned = QLatin1String(name) + QStringLiteral(".%1").arg(KAL_VERSION_MAJOR);
         QVERIFY2(QFileInfo::exists(libDir() + QLatin1Char('/') + versioned), qPrintable(versioned));
-        const Run run =
-            runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), libDir() + QLatin1Char('/') + name},
-                       cleanEnvironment());
+        const Run run = dynamicSection(libDir() + QLatin1Char('/') + name);
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QCOMPARE(soname.match(run.out).captured(1), versioned);
     }
     // What the program and the plug-in ask for is the versioned name.
     for (const QString& file : {installed(QStringLiteral("bin/kalhost")), pluginPath()}) {
-        const Run run =
-            runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), file}, cleanEnvironment());
+        const Run run = dynamicSection(file);
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QStringList libraries;
         for (QRegularExpressionMatchIterator it = needed.globalMatch(run.out); it.hasNext();)

@@ -44,8 +44,8 @@ QString rowText(SoField* field, const QString& coinText)
     return clipped(RoundTripText::shorten(coinText, field->getTypeId()));
 }
 
-// Where the rows of two sightings of one list differ, up to three places:
-// more than two are only counted.
+// Where the rows of two sightings of one list differ: the first two places,
+// since a name tells at most two rows apart, and how many there are.
 QVector<int> changedRows(const QStringList& before, const QStringList& after, int* count)
 {
     QVector<int> changed;
@@ -54,7 +54,7 @@ QVector<int> changedRows(const QStringList& before, const QStringList& after, in
         if (before.at(i) == after.at(i))
             continue;
         ++*count;
-        if (changed.size() < 3)
+        if (changed.size() < 2)
             changed << i;
     }
     return changed;
@@ -114,16 +114,15 @@ QString CommandNamer::describe(SoField* field, const Seen& before, const Seen& a
         return rows > 0 ? tr("Add %1 rows to %2").arg(rows).arg(where)
                         : tr("Delete %1 rows from %2").arg(-rows).arg(where);
     }
-    const bool sameValue =
-        before.count == after.count && before.rows.size() == before.count && after.rows.size() == after.count
-            ? before.rows == after.rows
-            : before.text == after.text;
+    const bool sameList = before.count >= 0 && before.count == after.count;
+    const bool rowsKnown = sameList && before.rows.size() == before.count && after.rows.size() == after.count;
+    const bool sameValue = rowsKnown ? before.rows == after.rows : before.text == after.text;
     if (!before.text.isNull() && sameValue && before.ignored != after.ignored)
         return after.ignored ? tr("Ignore %1").arg(placeOf(field))
                              : tr("Stop ignoring %1").arg(placeOf(field));
-    if (before.count >= 0 && before.count == after.count) {
+    if (sameList) {
         const QString where = placeOf(field);
-        if (before.rows.size() != before.count || after.rows.size() != after.count)
+        if (!rowsKnown)
             return tr("Set %1 (%2 values)").arg(where).arg(after.count);
         int count = 0;
         const QVector<int> changed = changedRows(before.rows, after.rows, &count);

@@ -6,19 +6,28 @@ function(kal_project_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra -Werror)
 endfunction()
 
-# kal_add_test(<name> SOURCES <files...> [LIBS <targets...>] [DEFINITIONS <defs...>])
+# kal_add_test(<name> SOURCES <files...> [HOST_APP] [LIBS <targets...>]
+#              [DEFINITIONS <defs...>] [DEPENDS <targets...>])
 #
-# One line per test file: builds the executable, links the plug-in core and the
-# stand-in host, registers it with CTest and runs it on the offscreen platform.
+# One line per test file: builds the executable, links the plug-in core, the
+# stand-in host and the test support library, registers it with CTest and runs
+# it on the offscreen platform. HOST_APP links kalhost's application library
+# and its test helpers as well, for the tests that drive kalhost's window;
+# DEPENDS names what the test runs or loads without linking it.
 function(kal_add_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS;DEFINITIONS" ${ARGN})
+    cmake_parse_arguments(ARG "HOST_APP" "" "SOURCES;LIBS;DEFINITIONS;DEPENDS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    set(testing KalTesting)
+    if(ARG_HOST_APP)
+        set(testing KalHostAppTesting)
+    endif()
     target_link_libraries(${name} PRIVATE KalDefaultsCore KalibraExtenderAPI KalSceneGraphExt
-                                          Qt5::Test Qt5::Widgets Coin::Coin ${ARG_LIBS})
-    # Tests reach the stand-in host's test interface as well as its contract.
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/host/lib)
+                                          Qt5::Test Qt5::Widgets Coin::Coin ${testing} ${ARG_LIBS})
     target_compile_definitions(${name} PRIVATE ${ARG_DEFINITIONS})
+    if(ARG_DEPENDS)
+        add_dependencies(${name} ${ARG_DEPENDS})
+    endif()
     kal_project_warnings(${name})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES

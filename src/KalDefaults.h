@@ -45,7 +45,6 @@
 #include "KalFieldEditorDockWin.h"
 #include "KalNodeEditor.h"
 #include "KalProfileSelectorExtension.h"
-#include "PanelCacheStyle.h"
 
 #include <KalPlugin.h>
 
@@ -73,9 +72,6 @@ private:
     // Every extension of the library, in construction order; destruction
     // runs the other way, so the docks, which may hold an editor's frame,
     // go before any editor.
-    // First in, last out: the editors' widgets draw through this style, and
-    // it must be gone before the library is.
-    PanelCacheStyle::Scope m_panelStyle;
     KalProfileSelectorExtension m_profileSelector;
     KalConsole m_console;
     FxMFColorWidget m_mfColorWidget;

@@ -1,61 +1,19 @@
 #include "KalFieldEditorDockWin.h"
 
-#include "KalEditorChoice.h"
-
-#include <KalEditor.h>
 #include <KalServices.h>
-#include <KalShell.h>
 #include <SoTypedObject.h>
 
 #include <Inventor/fields/SoField.h>
 
-#include <QDockWidget>
-
 KalFieldEditorDockWin::KalFieldEditorDockWin()
-{
-    author = "Quelvo";
-    description = "Field Editor for Kalibra.";
-    version = "1.0.0";
-    name = "Field Editor";
-}
+    : KalEditorDock("Field Editor", "Field Editor for Kalibra.")
+{}
 
-KalFieldEditorDockWin::~KalFieldEditorDockWin()
-{
-    destroyWidget();
-}
+KalFieldEditorDockWin::~KalFieldEditorDockWin() = default;
 
 void KalFieldEditorDockWin::createWidget()
 {
-    if (dock)
-        return;
-    dock = new QDockWidget;
-    dock->setObjectName(QStringLiteral("KalFieldEditorDock"));
-    dock->setAcceptDrops(false);
-    dock->setWindowTitle(tr("Field Editor"));
-    dock->hide();
-}
-
-void KalFieldEditorDockWin::destroyWidget()
-{
-    // The shown editor's frame must not die with the dock: it belongs to
-    // the editor.
-    KalEditorChoice::tearDown(dock, editor);
-    delete dock;
-    dock = nullptr;
-}
-
-void KalFieldEditorDockWin::show()
-{
-    KalExtension::show();
-    if (dock)
-        dock->show();
-}
-
-void KalFieldEditorDockWin::hide()
-{
-    KalExtension::hide();
-    if (dock)
-        dock->hide();
+    createDock(QStringLiteral("KalFieldEditorDock"), tr("Field Editor"));
 }
 
 void KalFieldEditorDockWin::activate()
@@ -63,33 +21,19 @@ void KalFieldEditorDockWin::activate()
     KalExtension::activate();
     connect(KalServices::getInstance(), SIGNAL(selectedFieldChanged(SoField*)), this,
             SLOT(s_selectedFieldChanged(SoField*)));
-    KalShell::getInstance()->addDockWidget(dock, 2);
-    KalShell::getInstance()->attachExtension(this, 1);
+    dockIn();
 }
 
 void KalFieldEditorDockWin::deactivate()
 {
-    if (editor) {
-        KalEditorChoice::tearDown(dock, editor);
-        hide();
-    }
+    takeEditorOut();
     KalExtension::deactivate();
     disconnect(KalServices::getInstance(), SIGNAL(selectedFieldChanged(SoField*)), this,
                SLOT(s_selectedFieldChanged(SoField*)));
-    KalShell::getInstance()->removeDockWidget(dock);
-    KalShell::getInstance()->detachExtension(this);
+    dockOut();
 }
 
 void KalFieldEditorDockWin::s_selectedFieldChanged(SoField* field)
 {
-    KalEditorChoice::tearDown(dock, editor);
-    hide();
-    if (!field)
-        return;
-    KalEditor* chosen = KalEditorChoice::choose(getProfileSetting(), field->getTypeId());
-    if (!chosen)
-        return;
-    KalEditorChoice::showIn(dock, chosen, field);
-    editor = chosen;
-    show();
+    showEditorFor(field);
 }

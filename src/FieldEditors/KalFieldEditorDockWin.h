@@ -1,14 +1,12 @@
 #pragma once
 
-#include <KalExtension.h>
+#include "KalEditorDock.h"
 
-class KalEditor;
-class QDockWidget;
 class SoField;
 
 // The "Field Editor" dock: shows the most specific enabled editor for the
 // field the user selected in the host.
-class KalFieldEditorDockWin : public KalExtension
+class KalFieldEditorDockWin : public KalEditorDock
 {
     Q_OBJECT
     Q_DISABLE_COPY(KalFieldEditorDockWin)
@@ -19,15 +17,8 @@ public:
 
     void activate() override;
     void deactivate() override;
-    void hide() override;
     void createWidget() override;
-    void show() override;
-    void destroyWidget() override;
 
 public slots:
     void s_selectedFieldChanged(SoField* field);
-
-private:
-    QDockWidget* dock = nullptr;
-    KalEditor* editor = nullptr;
 };

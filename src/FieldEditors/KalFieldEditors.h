@@ -17,6 +17,8 @@ class SoSensor;
 // sensor does it when the scene graph processes its delay queue.
 class KalFieldEditors : public KalEditor
 {
+    Q_DISABLE_COPY(KalFieldEditors)
+
 public:
     ~KalFieldEditors() override;
 

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <KalExtension.h>
+#include "KalEditorDock.h"
 
-class KalEditor;
-class QDockWidget;
 class SoFieldContainer;
 
 // The "Node Editor" dock: shows the most specific enabled editor for the node
 // or other field container the user selected in the host. Field editors never
 // fit a container, so with only field editors enabled it stays hidden.
-class KalNodeEditor : public KalExtension
+class KalNodeEditor : public KalEditorDock
 {
     Q_OBJECT
     Q_DISABLE_COPY(KalNodeEditor)
@@ -20,15 +18,8 @@ public:
 
     void activate() override;
     void deactivate() override;
-    void hide() override;
     void createWidget() override;
-    void show() override;
-    void destroyWidget() override;
 
 public slots:
     void s_selectedNodeChanged(SoFieldContainer* container);
-
-private:
-    QDockWidget* dock = nullptr;
-    KalEditor* editor = nullptr;
 };

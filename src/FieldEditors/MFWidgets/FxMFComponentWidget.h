@@ -17,6 +17,8 @@
 template <class Field>
 class FxMFComponentWidget : public FxMFieldWidget
 {
+    Q_DISABLE_COPY(FxMFComponentWidget)
+
 protected:
     using Traits = MFComponentTraits<Field>;
     using Value = typename Traits::Value;

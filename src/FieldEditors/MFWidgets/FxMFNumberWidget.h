@@ -91,6 +91,8 @@ struct MFNumberTraits<SoMFDouble>
 template <class Field>
 class FxMFNumberWidget : public FxMFLineWidget
 {
+    Q_DISABLE_COPY(FxMFNumberWidget)
+
     using Traits = MFNumberTraits<Field>;
 
 public:

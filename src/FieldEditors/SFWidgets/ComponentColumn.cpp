@@ -2,7 +2,6 @@
 
 #include "LayoutMetrics.h"
 #include "NumberInput.h"
-#include "PanelCacheStyle.h"
 
 #include <QDoubleValidator>
 #include <QFontMetrics>
@@ -54,7 +53,6 @@ QLabel* ComponentColumn::add(QWidget* frame, QHBoxLayout* row, const ComponentCo
 QLineEdit* ComponentColumn::floatLineEdit(QWidget* frame, const ComponentColumnStyle& style)
 {
     auto* edit = new QLineEdit(frame);
-    PanelCacheStyle::use(edit);
     edit->setObjectName(QLatin1String(style.inputName));
     auto* validator = new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, edit);
     NumberInput::useFieldLocale(validator);

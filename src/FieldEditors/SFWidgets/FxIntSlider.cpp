@@ -36,7 +36,7 @@ TypeLimits limitsOf(int kind)
 } // namespace
 
 FxIntSlider::FxIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidget* parent, int row, int column)
-    : FxSlider(inTable, editor, parent, row, column)
+    : FxNumberSlider(inTable, editor, parent, row, column)
 {
     const TypeLimits limits = limitsOf(kind);
     typeLowest = limits.lowest;
@@ -52,35 +52,14 @@ FxIntSlider::~FxIntSlider() = default;
 
 void FxIntSlider::setRange(int32_t min, int32_t max, bool isBounded)
 {
-    bounded = isBounded;
-    if (bounded) {
-        bottomValue = min;
-        topValue = max;
+    if (isBounded) {
         validator->setRange(min, max);
-        quietly([this, min, max] { slider->setRange(min, max); });
-        return;
+    } else {
+        // An unbounded span limits nothing: the type's limits are back,
+        // whatever bounded field was shown before.
+        validator->setRange(typeLowest, typeHighest);
     }
-    // An unbounded span limits nothing: the type's limits are back, whatever
-    // bounded field was shown before.
-    validator->setRange(typeLowest, typeHighest);
-    setTopValue(max);
-    setBottomValue(min);
-}
-
-void FxIntSlider::setTopValue(int32_t top)
-{
-    if (bounded)
-        return;
-    topValue = top;
-    quietly([this] { slider->setMaximum(topValue); });
-}
-
-void FxIntSlider::setBottomValue(int32_t bottom)
-{
-    if (bounded)
-        return;
-    bottomValue = bottom;
-    quietly([this] { slider->setMinimum(bottomValue); });
+    setSpan(min, max, isBounded);
 }
 
 void FxIntSlider::readText()
@@ -90,19 +69,7 @@ void FxIntSlider::readText()
     // In base 10 the validator has kept the text in range already.
     if (ok && base != 10)
         number = std::clamp(number, int32_t(validator->bottom()), int32_t(validator->top()));
-    if (bounded) {
-        if (number > topValue)
-            number = topValue;
-        if (number < bottomValue)
-            number = bottomValue;
-    } else {
-        if (number > topValue)
-            setTopValue(number);
-        if (number < bottomValue)
-            setBottomValue(number);
-    }
-    position = number;
-    value = number;
+    takeValue(number);
 }
 
 void FxIntSlider::setValueText(QString text)
@@ -111,20 +78,12 @@ void FxIntSlider::setValueText(QString text)
     const QString digits = takeBase(text, detectBase);
     if (firstText && base == 10)
         lineEdit->setValidator(validator);
-    showText(digits);
-    readText();
-    syncSlider();
+    showValueText(digits);
 }
 
 void FxIntSlider::updateText()
 {
     showText(QString::number(value, base));
-}
-
-void FxIntSlider::setPosition(int newPosition)
-{
-    position = newPosition;
-    value = newPosition;
 }
 
 void FxIntSlider::storeValueText()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FxSlider.h"
+#include "FxNumberSlider.h"
 
 #include <cstdint>
 
@@ -8,7 +8,7 @@ class QIntValidator;
 
 // Slider frame of a signed 32-bit (kind 1) or 16-bit (kind 3) value. The
 // slider's positions are the values themselves.
-class FxIntSlider : public FxSlider
+class FxIntSlider : public FxNumberSlider<FxIntSlider, int32_t>
 {
     Q_OBJECT
     Q_DISABLE_COPY(FxIntSlider)
@@ -20,27 +20,20 @@ public:
     void setValueText(QString text) override;
     void updateText() override;
     void readText() override;
-    void setPosition(int position) override;
     void storeValueText() override;
 
     void setRange(int32_t min, int32_t max, bool bounded);
-    void setTopValue(int32_t top);
-    void setBottomValue(int32_t bottom);
 
-    int32_t getValue() const { return value; }
-    int32_t minimum() const { return bottomValue; }
-    int32_t maximum() const { return topValue; }
-    bool isBounded() const { return bounded; }
     const QIntValidator* getValidator() const { return validator; }
 
 private:
-    int32_t bottomValue = 0;
-    int32_t topValue = 0;
-    int32_t value = 0;
+    friend class FxNumberSlider<FxIntSlider, int32_t>;
+    static int positionOf(int32_t number) { return number; }
+    static int32_t valueOf(int position) { return position; }
+
     // What the kind's type holds: the validator's range when unbounded.
     int32_t typeLowest = 0;
     int32_t typeHighest = 0;
     QIntValidator* validator = nullptr;
-    bool bounded = false;
     bool detectBase = true;
 };

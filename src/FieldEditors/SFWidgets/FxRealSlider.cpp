@@ -32,7 +32,7 @@ const Precision& precisionOf(bool isFloat)
 
 FxRealSlider::FxRealSlider(int inTable, KalFieldEditors* editor, QWidget* parent, bool isFloat, int row,
                            int column)
-    : FxSlider(inTable, editor, parent, row, column)
+    : FxNumberSlider(inTable, editor, parent, row, column)
     , isFloat(isFloat)
 {
     const Precision& precision = precisionOf(isFloat);
@@ -72,37 +72,16 @@ double FxRealSlider::valueOf(int position) const
 
 void FxRealSlider::setRange(double min, double max, bool isBounded)
 {
-    bounded = isBounded;
-    if (bounded) {
-        bottomValue = min;
-        topValue = max;
+    if (isBounded) {
         validator->setBottom(min);
         validator->setTop(max);
-        quietly([this, min, max] { slider->setRange(positionOf(min), positionOf(max)); });
-        return;
+    } else {
+        // An unbounded span limits nothing: whatever bounded field was shown
+        // before, the whole range of the type can be typed again.
+        const Precision& precision = precisionOf(isFloat);
+        validator->setRange(precision.lowest, precision.highest, precision.decimals);
     }
-    // An unbounded span limits nothing: whatever bounded field was shown
-    // before, the whole range of the type can be typed again.
-    const Precision& precision = precisionOf(isFloat);
-    validator->setRange(precision.lowest, precision.highest, precision.decimals);
-    setTopValue(max);
-    setBottomValue(min);
-}
-
-void FxRealSlider::setTopValue(double top)
-{
-    if (bounded)
-        return;
-    topValue = top;
-    quietly([this] { slider->setMaximum(positionOf(topValue)); });
-}
-
-void FxRealSlider::setBottomValue(double bottom)
-{
-    if (bounded)
-        return;
-    bottomValue = bottom;
-    quietly([this] { slider->setMinimum(positionOf(bottomValue)); });
+    setSpan(min, max, isBounded);
 }
 
 void FxRealSlider::readText()
@@ -111,44 +90,22 @@ void FxRealSlider::readText()
     // Infinities and NaN would break the span; they read as nothing typed.
     if (!std::isfinite(number))
         number = 0.0;
-    if (bounded) {
-        if (number > topValue)
-            number = topValue;
-        if (number < bottomValue)
-            number = bottomValue;
-    } else {
-        if (number > topValue)
-            setTopValue(number);
-        if (number < bottomValue)
-            setBottomValue(number);
-    }
-    position = positionOf(number);
-    value = number;
+    takeValue(number);
 }
 
 void FxRealSlider::setValue(double number)
 {
-    showText(format(number));
-    readText();
-    syncSlider();
+    showValueText(format(number));
 }
 
 void FxRealSlider::setValueText(QString text)
 {
-    showText(text);
-    readText();
-    syncSlider();
+    showValueText(text);
 }
 
 void FxRealSlider::updateText()
 {
     showText(format(value));
-}
-
-void FxRealSlider::setPosition(int newPosition)
-{
-    position = newPosition;
-    value = valueOf(newPosition);
 }
 
 void FxRealSlider::storeValueText()

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "FxSlider.h"
+#include "FxNumberSlider.h"
 
 class QDoubleValidator;
 
 // Slider frame of a single- or double-precision value. The slider always runs
 // from position 0 to 100 over the span [bottomValue, topValue].
-class FxRealSlider : public FxSlider
+class FxRealSlider : public FxNumberSlider<FxRealSlider, double>
 {
     Q_OBJECT
     Q_DISABLE_COPY(FxRealSlider)
@@ -18,21 +18,14 @@ public:
     void setValueText(QString text) override;
     void updateText() override;
     void readText() override;
-    void setPosition(int position) override;
     void storeValueText() override;
 
     // Bounded: the span limits what can be typed and typed values are
     // clamped into it. Unbounded: it is only where the slider starts, and a
     // value outside moves the nearer end.
     void setRange(double min, double max, bool bounded);
-    void setTopValue(double top);
-    void setBottomValue(double bottom);
     void setValue(double value);
 
-    double getValue() const { return value; }
-    double minimum() const { return bottomValue; }
-    double maximum() const { return topValue; }
-    bool isBounded() const { return bounded; }
     bool isFloatValue() const { return isFloat; }
 
     QString format(double number) const;
@@ -40,10 +33,6 @@ public:
     double valueOf(int position) const;
 
 private:
-    double bottomValue = 0.0;
-    double topValue = 0.0;
-    double value = 0.0;
     QDoubleValidator* validator = nullptr;
-    bool bounded = false;
     bool isFloat = true;
 };

@@ -1,7 +1,5 @@
 #include "FxSFBitMaskWidget.h"
 
-#include "PanelCacheStyle.h"
-
 #include <SoTypedObject.h>
 
 #include <Inventor/SbName.h>
@@ -90,7 +88,6 @@ void FxSFBitMaskWidget::setField(SoField* newField)
         if (entryValue == 0)
             continue;
         auto* box = new QCheckBox(QString::fromLatin1(entryName.getString()), frame);
-        PanelCacheStyle::use(box);
         box->setChecked((value & entryValue) != 0);
         boxLayout->addWidget(box, 0);
         connect(box, SIGNAL(clicked()), this, SLOT(setBitMaskValue()));

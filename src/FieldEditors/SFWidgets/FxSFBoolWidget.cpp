@@ -2,7 +2,6 @@
 
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
-#include "PanelCacheStyle.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
@@ -28,7 +27,6 @@ void FxSFBoolWidget::createWidget()
     if (checkBox)
         return;
     checkBox = new QCheckBox(frame);
-    PanelCacheStyle::use(checkBox);
     checkBox->setObjectName(QStringLiteral("m_box"));
     checkBox->setFixedSize(LayoutMetrics::value(QStringLiteral("SFBoolWidth")),
                            LayoutMetrics::value(QStringLiteral("SFComponentHeight")));

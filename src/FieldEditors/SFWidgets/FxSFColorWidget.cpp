@@ -4,7 +4,6 @@
 #include "LayoutMetrics.h"
 #include "ModalDialogs.h"
 #include "NumberInput.h"
-#include "PanelCacheStyle.h"
 
 #include <KalServices.h>
 #include <SoTypedObject.h>
@@ -77,7 +76,6 @@ void FxSFColorWidget::createWidget()
         labels[i]->setFixedHeight(metric("SFComponentHeight"));
         labels[i]->setText(tr(texts[i]));
         lineEdits[i] = new QLineEdit(frame);
-        PanelCacheStyle::use(lineEdits[i]);
         lineEdits[i]->setObjectName(QStringLiteral("SFColorLine"));
         lineEdits[i]->setFixedHeight(metric("SFComponentHeight"));
         row->addWidget(labels[i]);

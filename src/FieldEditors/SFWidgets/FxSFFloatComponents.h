@@ -20,6 +20,8 @@
 template <int N>
 class FxSFFloatComponents : public FxSFieldWidget
 {
+    Q_DISABLE_COPY(FxSFFloatComponents)
+
 public:
     bool edited() override
     {

@@ -24,6 +24,8 @@
 template <class Slider, class Written>
 class FxSFIntegerWidget : public FxSFieldWidget
 {
+    Q_DISABLE_COPY(FxSFIntegerWidget)
+
 public:
     void createWidget() override
     {

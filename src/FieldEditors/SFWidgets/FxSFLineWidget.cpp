@@ -3,7 +3,6 @@
 #include "FieldTextGuard.h"
 #include "KalSFSetValueCommand.h"
 #include "NumberInput.h"
-#include "PanelCacheStyle.h"
 
 #include <KalServices.h>
 
@@ -28,7 +27,6 @@ void FxSFLineWidget::createWidget()
     if (lineEdit)
         return;
     lineEdit = new QLineEdit(frame);
-    PanelCacheStyle::use(lineEdit);
     lineEdit->setObjectName(QStringLiteral("lineEdit"));
     lineEdit->setAlignment(Qt::AlignLeft);
     editLayout->addWidget(lineEdit, 1);

@@ -47,6 +47,8 @@ struct RealEditorTraits<SoSFDouble>
 template <class Field>
 class FxSFRealWidget : public FxSFieldWidget
 {
+    Q_DISABLE_COPY(FxSFRealWidget)
+
     using Traits = RealEditorTraits<Field>;
 
 public:

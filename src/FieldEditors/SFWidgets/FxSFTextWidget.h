@@ -39,6 +39,8 @@ struct TextFieldAccess<SoSFName>
 template <class Field>
 class FxSFTextWidget : public FxSFieldWidget
 {
+    Q_DISABLE_COPY(FxSFTextWidget)
+
     using Access = TextFieldAccess<Field>;
 
 public:

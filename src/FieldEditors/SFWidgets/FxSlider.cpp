@@ -2,7 +2,6 @@
 
 #include "FieldRangeMap.h"
 #include "KalFieldEditors.h"
-#include "PanelCacheStyle.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -28,13 +27,11 @@ FxSlider::FxSlider(int inTable, KalFieldEditors* editor, QWidget* parent, int ro
     layout->setObjectName(QStringLiteral("kalibraslider"));
 
     lineEdit = new QLineEdit(this);
-    PanelCacheStyle::use(lineEdit);
     lineEdit->setObjectName(QStringLiteral("m_lineEdit"));
     slider = new QSlider(Qt::Horizontal, this);
     slider->setObjectName(QStringLiteral("m_slider"));
     slider->setTracking(true);
     checkBox = new QCheckBox(this);
-    PanelCacheStyle::use(checkBox);
     checkBox->setObjectName(QStringLiteral("m_checkBox"));
     checkBox->setToolTip(tr("Write the value while dragging"));
     layout->addWidget(checkBox, 0);

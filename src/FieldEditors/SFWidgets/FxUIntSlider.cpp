@@ -12,7 +12,7 @@ constexpr uint32_t kOffset = 0x80000000u;
 
 FxUIntSlider::FxUIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidget* parent, int row,
                            int column)
-    : FxSlider(inTable, editor, parent, row, column)
+    : FxNumberSlider(inTable, editor, parent, row, column)
     , typeMax(kind == 4 ? 65535u : 4294967295u)
     , typeLimit(typeMax)
 {
@@ -55,22 +55,6 @@ void FxUIntSlider::setRange(uint32_t min, uint32_t max, bool isBounded)
     setBottomValue(min);
 }
 
-void FxUIntSlider::setTopValue(uint32_t top)
-{
-    if (bounded)
-        return;
-    topValue = top;
-    quietly([this] { slider->setMaximum(positionOf(topValue)); });
-}
-
-void FxUIntSlider::setBottomValue(uint32_t bottom)
-{
-    if (bounded)
-        return;
-    bottomValue = bottom;
-    quietly([this] { slider->setMinimum(positionOf(bottomValue)); });
-}
-
 void FxUIntSlider::readText()
 {
     bool ok = false;
@@ -79,36 +63,17 @@ void FxUIntSlider::readText()
         return;
     number = std::min(number, typeMax);
     number = std::max(number, typeMin);
-    if (bounded) {
-        number = std::min(number, topValue);
-        number = std::max(number, bottomValue);
-    } else {
-        if (number > topValue)
-            setTopValue(number);
-        if (number < bottomValue)
-            setBottomValue(number);
-    }
-    position = positionOf(number);
-    value = number;
+    takeValue(number);
 }
 
 void FxUIntSlider::setValueText(QString text)
 {
-    const QString digits = takeBase(text, detectBase);
-    showText(digits);
-    readText();
-    syncSlider();
+    showValueText(takeBase(text, detectBase));
 }
 
 void FxUIntSlider::updateText()
 {
     showText(QString::number(value, base));
-}
-
-void FxUIntSlider::setPosition(int newPosition)
-{
-    position = newPosition;
-    value = valueOf(newPosition);
 }
 
 // The value's text with its base's prefix, made from the value itself: when

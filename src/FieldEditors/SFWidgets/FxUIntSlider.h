@@ -1,13 +1,13 @@
 #pragma once
 
-#include "FxSlider.h"
+#include "FxNumberSlider.h"
 
 #include <cstdint>
 
 // Slider frame of an unsigned 32-bit (any kind but 4) or 16-bit (kind 4)
 // value. The slider's signed positions carry the unsigned range by an offset
 // of 2^31.
-class FxUIntSlider : public FxSlider
+class FxUIntSlider : public FxNumberSlider<FxUIntSlider, uint32_t>
 {
     Q_OBJECT
     Q_DISABLE_COPY(FxUIntSlider)
@@ -19,34 +19,23 @@ public:
     void setValueText(QString text) override;
     void updateText() override;
     void readText() override;
-    void setPosition(int position) override;
     void storeValueText() override;
 
     // A bounded range narrows only the type limits: the span and the slider
     // stay as they were. That is how unsigned frames have always behaved.
     // An unbounded range gives the type's own limits back.
     void setRange(uint32_t min, uint32_t max, bool bounded);
-    void setTopValue(uint32_t top);
-    void setBottomValue(uint32_t bottom);
 
-    uint32_t getValue() const { return value; }
-    uint32_t minimum() const { return bottomValue; }
-    uint32_t maximum() const { return topValue; }
     uint32_t typeMinimum() const { return typeMin; }
     uint32_t typeMaximum() const { return typeMax; }
-    bool isBounded() const { return bounded; }
 
     static int positionOf(uint32_t number);
     static uint32_t valueOf(int position);
 
 private:
-    uint32_t bottomValue = 0;
-    uint32_t topValue = 0;
-    uint32_t value = 0;
     uint32_t typeMax = 0;
     uint32_t typeMin = 0;
     // The type's own maximum, which a bounded range narrows typeMax from.
     uint32_t typeLimit = 0;
-    bool bounded = false;
     bool detectBase = true;
 };

@@ -1,4 +1,4 @@
-#include "FieldInvariants.h"
+#include "FieldTextOracle.h"
 
 #include <Inventor/SbString.h>
 #include <Inventor/fields/SoMFColor.h>
@@ -66,14 +66,14 @@ bool isUnitRotation(const SbRotation& rotation)
 
 } // namespace
 
-QString FieldInvariants::textOf(const SoField* field)
+QString FieldTextOracle::textOf(const SoField* field)
 {
     SbString text;
     const_cast<SoField*>(field)->get(text);
     return QString::fromUtf8(text.getString());
 }
 
-void FieldInvariants::require(bool holds, const char* what, const SoField* field, const QString& text)
+void FieldTextOracle::require(bool holds, const char* what, const SoField* field, const QString& text)
 {
     if (holds)
         return;
@@ -92,7 +92,7 @@ void FieldInvariants::require(bool holds, const char* what, const SoField* field
 // a quaternion, and a double is written with 16 digits and read back in
 // the last one differently. A number read back is the same to six digits;
 // everything else to the letter.
-bool FieldInvariants::sameText(const QString& written, const QString& again)
+bool FieldTextOracle::sameText(const QString& written, const QString& again)
 {
     if (written == again)
         return true;
@@ -114,7 +114,7 @@ bool FieldInvariants::sameText(const QString& written, const QString& again)
     return true;
 }
 
-bool FieldInvariants::readsBack(const SoField* field, SoField* scratch)
+bool FieldTextOracle::readsBack(const SoField* field, SoField* scratch)
 {
     SbString written;
     const_cast<SoField*>(field)->get(written);
@@ -125,7 +125,7 @@ bool FieldInvariants::readsBack(const SoField* field, SoField* scratch)
     return sameText(QString::fromUtf8(written.getString()), QString::fromUtf8(again.getString()));
 }
 
-bool FieldInvariants::realsAreFinite(const SoField* field)
+bool FieldTextOracle::realsAreFinite(const SoField* field)
 {
     const bool reals = isOfAny(
         field,
@@ -145,7 +145,7 @@ bool FieldInvariants::realsAreFinite(const SoField* field)
     return !textOf(field).contains(nonFinite);
 }
 
-bool FieldInvariants::directionsHold(const SoField* field)
+bool FieldTextOracle::directionsHold(const SoField* field)
 {
     if (field->isOfType(SoSFPlane::getClassTypeId()))
         return isUnitPlane(static_cast<const SoSFPlane*>(field)->getValue());

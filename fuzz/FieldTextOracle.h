@@ -7,7 +7,7 @@ class SoField;
 // What must hold of a field after any text reached it through an editor.
 // A broken invariant ends the run at once with what broke, on which field,
 // after which text: the fuzzer keeps the input that did it.
-class FieldInvariants
+class FieldTextOracle
 {
 public:
     // Aborts when `holds` is false.

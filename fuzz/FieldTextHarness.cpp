@@ -1,7 +1,7 @@
-#include "FieldTextBench.h"
+#include "FieldTextHarness.h"
 
 #include "EditorSet.h"
-#include "FieldInvariants.h"
+#include "FieldTextOracle.h"
 
 #include <AllFieldsNode.h>
 #include <FieldTesting.h>
@@ -96,7 +96,7 @@ bool verdictCounts(const QString& text)
 
 } // namespace
 
-FieldTextBench::FieldTextBench()
+FieldTextHarness::FieldTextHarness()
 {
     // The edited nodes, their pristine twins, and the ones read back into.
     SoNode* nodes[3][2];
@@ -120,7 +120,7 @@ FieldTextBench::FieldTextBench()
     m_german = std::make_unique<EditorSet>(QLocale(QLocale::German, QLocale::Germany));
 }
 
-FieldTextBench::~FieldTextBench()
+FieldTextHarness::~FieldTextHarness()
 {
     m_plain.reset();
     m_german.reset();
@@ -128,7 +128,7 @@ FieldTextBench::~FieldTextBench()
         node->unref();
 }
 
-void FieldTextBench::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scratch)
+void FieldTextHarness::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scratch)
 {
     SoFieldList fields;
     node->getFields(fields);
@@ -139,7 +139,7 @@ void FieldTextBench::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scrat
     }
 }
 
-void FieldTextBench::addLoneField(const char* typeName)
+void FieldTextHarness::addLoneField(const char* typeName)
 {
     const SoType type = SoType::fromName(typeName);
     SoField* made[3];
@@ -150,7 +150,7 @@ void FieldTextBench::addLoneField(const char* typeName)
     m_targets.push_back({made[0], made[1], made[2]});
 }
 
-KalFieldEditors* FieldTextBench::chooseEditor(const EditorSet& set, SoField* field, int choice) const
+KalFieldEditors* FieldTextHarness::chooseEditor(const EditorSet& set, SoField* field, int choice) const
 {
     const bool single = !field->isOfType(SoMField::getClassTypeId());
     KalFieldEditors* editor = set.specificFor(field);
@@ -165,7 +165,7 @@ KalFieldEditors* FieldTextBench::chooseEditor(const EditorSet& set, SoField* fie
     return editor;
 }
 
-void FieldTextBench::run(const uint8_t* data, size_t size)
+void FieldTextHarness::run(const uint8_t* data, size_t size)
 {
     if (size < 3 || m_targets.empty())
         return;
@@ -189,7 +189,7 @@ void FieldTextBench::run(const uint8_t* data, size_t size)
     editor->activate();
     processSensors();
     const int before = services->commandCount();
-    const QString textBefore = FieldInvariants::textOf(target.field);
+    const QString textBefore = FieldTextOracle::textOf(target.field);
 
     // Editors that hand the text itself to Coin to parse.
     bool parsesText = false;
@@ -206,10 +206,10 @@ void FieldTextBench::run(const uint8_t* data, size_t size)
     processSensors();
 
     if (parsesText && route == 2 && !FieldTextGuard::acceptable(text)) {
-        FieldInvariants::require(FieldInvariants::textOf(target.field) == textBefore,
+        FieldTextOracle::require(FieldTextOracle::textOf(target.field) == textBefore,
                                  "a number long enough to overrun Coin's reader reached the field",
                                  target.field, text);
-        FieldInvariants::require(services->commandCount() == before, "a refused text recorded a command",
+        FieldTextOracle::require(services->commandCount() == before, "a refused text recorded a command",
                                  target.field, text);
     }
     checkField(target, editor, editor == set.specificFor(target.field), text);
@@ -221,7 +221,7 @@ void FieldTextBench::run(const uint8_t* data, size_t size)
     QLocale::setDefault(QLocale::c());
 }
 
-void FieldTextBench::type(QLineEdit* line, const QString& text, bool paste)
+void FieldTextHarness::type(QLineEdit* line, const QString& text, bool paste)
 {
     QWidget* receiver = line;
     if (QAbstractSpinBox* spin = spinBoxOf(line))
@@ -242,8 +242,8 @@ void FieldTextBench::type(QLineEdit* line, const QString& text, bool paste)
     QTest::keyClick(receiver, Qt::Key_Return);
 }
 
-void FieldTextBench::runSingle(FxSFieldWidget* editor, const Target& target, int route, int which,
-                               const QString& text)
+void FieldTextHarness::runSingle(FxSFieldWidget* editor, const Target& target, int route, int which,
+                                 const QString& text)
 {
     const QList<QLineEdit*> inputs = textInputs(editor->getFrame());
     if (inputs.isEmpty())
@@ -276,42 +276,42 @@ void FieldTextBench::runSingle(FxSFieldWidget* editor, const Target& target, int
         checkSingleStored(editor, target, componentOf(line, editor->getFrame()), text);
 }
 
-void FieldTextBench::checkSingleStored(FxSFieldWidget* editor, const Target& target, int input,
-                                       const QString& text)
+void FieldTextHarness::checkSingleStored(FxSFieldWidget* editor, const Target& target, int input,
+                                         const QString& text)
 {
     SoField* field = target.field;
     const double wanted = text.trimmed().toDouble();
     const char* what = "a text the validator accepts was not stored as it reads";
     if (auto* reals = SoTypedObject(field).cast<SoSFFloat>()) {
-        FieldInvariants::require(reals->getValue() == float(wanted), what, field, text);
+        FieldTextOracle::require(reals->getValue() == float(wanted), what, field, text);
     } else if (auto* doubles = SoTypedObject(field).cast<SoSFDouble>()) {
-        FieldInvariants::require(doubles->getValue() == wanted, what, field, text);
+        FieldTextOracle::require(doubles->getValue() == wanted, what, field, text);
     } else if (field->isOfType(SoSFInt32::getClassTypeId()) || field->isOfType(SoSFShort::getClassTypeId())) {
         bool ok = false;
         const int number = text.trimmed().toInt(&ok);
-        FieldInvariants::require(ok && FieldInvariants::textOf(field) == QString::number(number), what, field,
+        FieldTextOracle::require(ok && FieldTextOracle::textOf(field) == QString::number(number), what, field,
                                  text);
     } else if (auto* vec2 = SoTypedObject(field).cast<SoSFVec2f>()) {
-        FieldInvariants::require(vec2->getValue()[input] == float(wanted), what, field, text);
+        FieldTextOracle::require(vec2->getValue()[input] == float(wanted), what, field, text);
     } else if (auto* vec3 = SoTypedObject(field).cast<SoSFVec3f>()) {
-        FieldInvariants::require(vec3->getValue()[input] == float(wanted), what, field, text);
+        FieldTextOracle::require(vec3->getValue()[input] == float(wanted), what, field, text);
     } else if (auto* vec4 = SoTypedObject(field).cast<SoSFVec4f>()) {
-        FieldInvariants::require(vec4->getValue()[input] == float(wanted), what, field, text);
+        FieldTextOracle::require(vec4->getValue()[input] == float(wanted), what, field, text);
     } else if (auto* matrix = SoTypedObject(field).cast<SoSFMatrix>()) {
         if (dynamic_cast<FxSFMatrixWidget*>(editor))
-            FieldInvariants::require(matrix->getValue()[input / 4][input % 4] == float(wanted), what, field,
+            FieldTextOracle::require(matrix->getValue()[input / 4][input % 4] == float(wanted), what, field,
                                      text);
     } else if (auto* plane = SoTypedObject(field).cast<SoSFPlane>()) {
         // The normal is normalised; the distance is what was typed.
         if (input == 3 && dynamic_cast<FxSFPlaneWidget*>(editor))
-            FieldInvariants::require(
+            FieldTextOracle::require(
                 close(plane->getValue().getDistanceFromOrigin(), float(wanted), 1e-6, 1e-37), what, field,
                 text);
     }
 }
 
-void FieldTextBench::runList(FxMFieldWidget* editor, const Target& target, int route, int which,
-                             const QString& text)
+void FieldTextHarness::runList(FxMFieldWidget* editor, const Target& target, int route, int which,
+                               const QString& text)
 {
     auto* field = static_cast<SoMField*>(target.field);
     FxMFieldTable* table = editor->getTable();
@@ -357,11 +357,11 @@ void FieldTextBench::runList(FxMFieldWidget* editor, const Target& target, int r
         if (route == 3 && accepted && row < rows && verdictCounts(text))
             checkListStored(editor, target, row, column, text);
     }
-    FieldInvariants::require(field->getNum() == rows, "a text changed the number of values", field, text);
+    FieldTextOracle::require(field->getNum() == rows, "a text changed the number of values", field, text);
 }
 
-void FieldTextBench::checkListStored(FxMFieldWidget* editor, const Target& target, int row, int column,
-                                     const QString& text)
+void FieldTextHarness::checkListStored(FxMFieldWidget* editor, const Target& target, int row, int column,
+                                       const QString& text)
 {
     const char* what = "a text the validator accepts was not stored as it reads";
     const QString trimmed = text.trimmed();
@@ -377,7 +377,7 @@ void FieldTextBench::checkListStored(FxMFieldWidget* editor, const Target& targe
         bool ok = false;
         const qlonglong wanted = trimmed.toLongLong(&ok);
         // Coin writes unsigned lists in hexadecimal.
-        FieldInvariants::require(ok && stored.toLongLong(nullptr, 0) == wanted, what, field, text);
+        FieldTextOracle::require(ok && stored.toLongLong(nullptr, 0) == wanted, what, field, text);
         break;
     }
     case FxMFieldTableItemDelegate::FloatKind: {
@@ -392,11 +392,11 @@ void FieldTextBench::checkListStored(FxMFieldWidget* editor, const Target& targe
         if (field->isOfType(SoMFColor::getClassTypeId()) && !(wanted >= 0.0 && wanted <= 1.0))
             break;
         // Component lists show six digits, single-value lists Coin's eight.
-        FieldInvariants::require(close(stored.toDouble(), wanted, 1e-5, 1e-37), what, field, text);
+        FieldTextOracle::require(close(stored.toDouble(), wanted, 1e-5, 1e-37), what, field, text);
         break;
     }
     case FxMFieldTableItemDelegate::DoubleKind:
-        FieldInvariants::require(close(stored.toDouble(), trimmed.toDouble(), 1e-15, 1e-300), what, field,
+        FieldTextOracle::require(close(stored.toDouble(), trimmed.toDouble(), 1e-15, 1e-300), what, field,
                                  text);
         break;
     default:
@@ -404,14 +404,14 @@ void FieldTextBench::checkListStored(FxMFieldWidget* editor, const Target& targe
     }
 }
 
-void FieldTextBench::checkField(const Target& target, KalFieldEditors*, bool specific, const QString& text)
+void FieldTextHarness::checkField(const Target& target, KalFieldEditors*, bool specific, const QString& text)
 {
-    FieldInvariants::require(FieldInvariants::readsBack(target.field, target.scratch),
+    FieldTextOracle::require(FieldTextOracle::readsBack(target.field, target.scratch),
                              "the field does not read back from its own text", target.field, text);
-    FieldInvariants::require(FieldInvariants::realsAreFinite(target.field),
+    FieldTextOracle::require(FieldTextOracle::realsAreFinite(target.field),
                              "a real that is not finite was stored", target.field, text);
     if (specific)
-        FieldInvariants::require(FieldInvariants::directionsHold(target.field),
+        FieldTextOracle::require(FieldTextOracle::directionsHold(target.field),
                                  "a plane without a normal or a rotation without an axis was stored",
                                  target.field, text);
 }
@@ -419,7 +419,7 @@ void FieldTextBench::checkField(const Target& target, KalFieldEditors*, bool spe
 // Undo and redo replay what the commands recorded; the field must read
 // back after each. A spin box editor records a further command on the
 // refresh after an undo, so the sensors run only once all are undone.
-void FieldTextBench::undoAndRedo(const Target& target, int commands, const QString& text)
+void FieldTextHarness::undoAndRedo(const Target& target, int commands, const QString& text)
 {
     KalServices* services = KalServices::getInstance();
     for (int i = 0; i < commands; ++i)

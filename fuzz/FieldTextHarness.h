@@ -31,13 +31,13 @@ class SoNode;
 //          own, the generic one, or the string editor showing the field as
 //          text), bit 5 undo and redo afterwards;
 //  byte 2  which input of the editor, or which row and column of a list.
-class FieldTextBench
+class FieldTextHarness
 {
 public:
-    FieldTextBench();
-    ~FieldTextBench();
-    FieldTextBench(const FieldTextBench&) = delete;
-    FieldTextBench& operator=(const FieldTextBench&) = delete;
+    FieldTextHarness();
+    ~FieldTextHarness();
+    FieldTextHarness(const FieldTextHarness&) = delete;
+    FieldTextHarness& operator=(const FieldTextHarness&) = delete;
 
     void run(const uint8_t* data, size_t size);
 

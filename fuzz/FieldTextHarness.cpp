@@ -5,7 +5,6 @@
 
 #include <AllFieldsNode.h>
 #include <FieldTesting.h>
-#include <FieldTextGuard.h>
 #include <FxMFColorWidget.h>
 #include <FxMFLineWidget.h>
 #include <FxMFMatrixWidget.h>
@@ -13,8 +12,6 @@
 #include <FxMFieldTableItemDelegate.h>
 #include <FxMFieldWidget.h>
 #include <FxSFFloatComponents.h>
-#include <FxSFMatrixWidget.h>
-#include <FxSFPlaneWidget.h>
 #include <FxSFieldWidget.h>
 #include <FxSlider.h>
 #include <KalServices.h>
@@ -29,10 +26,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QValidator>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -78,20 +73,6 @@ QAbstractSpinBox* spinBoxOf(QLineEdit* line)
 int componentOf(QLineEdit* line, QWidget* frame)
 {
     return frame->findChildren<QLineEdit*>(line->objectName()).indexOf(line);
-}
-
-bool close(double got, double wanted, double relative, double absolute)
-{
-    return got == wanted || std::fabs(got - wanted) <= std::max(absolute, relative * std::fabs(wanted));
-}
-
-// A text the validators' verdict is checked on. Refused before any parsing
-// are, on purpose, numbers long enough to overrun Coin's reader (the
-// validators take any length), and the empty text the unsigned validator
-// accepts while a cell is being cleared.
-bool verdictCounts(const QString& text)
-{
-    return !text.trimmed().isEmpty() && FieldTextGuard::acceptable(text);
 }
 
 } // namespace
@@ -205,14 +186,9 @@ void FieldTextHarness::run(const uint8_t* data, size_t size)
     QCoreApplication::processEvents();
     processSensors();
 
-    if (parsesText && route == 2 && !FieldTextGuard::acceptable(text)) {
-        FieldTextOracle::require(FieldTextOracle::textOf(target.field) == textBefore,
-                                 "a number long enough to overrun Coin's reader reached the field",
-                                 target.field, text);
-        FieldTextOracle::require(services->commandCount() == before, "a refused text recorded a command",
-                                 target.field, text);
-    }
-    checkField(target, editor, editor == set.specificFor(target.field), text);
+    if (parsesText && route == 2)
+        FieldTextOracle::checkRefusedText(target.field, textBefore, before, text);
+    FieldTextOracle::checkField(target.field, target.scratch, editor == set.specificFor(target.field), text);
     if (undo)
         undoAndRedo(target, services->commandCount() - before, text);
 
@@ -253,12 +229,7 @@ void FieldTextHarness::runSingle(FxSFieldWidget* editor, const Target& target, i
         type(line, text, route == 1);
         return;
     }
-    bool accepted = false;
-    if (const QValidator* validator = line->validator()) {
-        QString checked = text;
-        int position = int(checked.size());
-        accepted = validator->validate(checked, position) == QValidator::Acceptable;
-    }
+    const bool accepted = FieldTextOracle::validatorAccepts(*line, text);
     // The text as it would be if no validator had looked at it, then the
     // editor's own step from its inputs to the field.
     line->setText(text);
@@ -272,42 +243,8 @@ void FieldTextHarness::runSingle(FxSFieldWidget* editor, const Target& target, i
         slider->changeValueFromEdit();
     else
         editor->applyChanges();
-    if (route == 3 && accepted && verdictCounts(text))
-        checkSingleStored(editor, target, componentOf(line, editor->getFrame()), text);
-}
-
-void FieldTextHarness::checkSingleStored(FxSFieldWidget* editor, const Target& target, int input,
-                                         const QString& text)
-{
-    SoField* field = target.field;
-    const double wanted = text.trimmed().toDouble();
-    const char* what = "a text the validator accepts was not stored as it reads";
-    if (auto* reals = SoTypedObject(field).cast<SoSFFloat>()) {
-        FieldTextOracle::require(reals->getValue() == float(wanted), what, field, text);
-    } else if (auto* doubles = SoTypedObject(field).cast<SoSFDouble>()) {
-        FieldTextOracle::require(doubles->getValue() == wanted, what, field, text);
-    } else if (field->isOfType(SoSFInt32::getClassTypeId()) || field->isOfType(SoSFShort::getClassTypeId())) {
-        bool ok = false;
-        const int number = text.trimmed().toInt(&ok);
-        FieldTextOracle::require(ok && FieldTextOracle::textOf(field) == QString::number(number), what, field,
-                                 text);
-    } else if (auto* vec2 = SoTypedObject(field).cast<SoSFVec2f>()) {
-        FieldTextOracle::require(vec2->getValue()[input] == float(wanted), what, field, text);
-    } else if (auto* vec3 = SoTypedObject(field).cast<SoSFVec3f>()) {
-        FieldTextOracle::require(vec3->getValue()[input] == float(wanted), what, field, text);
-    } else if (auto* vec4 = SoTypedObject(field).cast<SoSFVec4f>()) {
-        FieldTextOracle::require(vec4->getValue()[input] == float(wanted), what, field, text);
-    } else if (auto* matrix = SoTypedObject(field).cast<SoSFMatrix>()) {
-        if (dynamic_cast<FxSFMatrixWidget*>(editor))
-            FieldTextOracle::require(matrix->getValue()[input / 4][input % 4] == float(wanted), what, field,
-                                     text);
-    } else if (auto* plane = SoTypedObject(field).cast<SoSFPlane>()) {
-        // The normal is normalised; the distance is what was typed.
-        if (input == 3 && dynamic_cast<FxSFPlaneWidget*>(editor))
-            FieldTextOracle::require(
-                close(plane->getValue().getDistanceFromOrigin(), float(wanted), 1e-6, 1e-37), what, field,
-                text);
-    }
+    if (route == 3 && accepted && FieldTextOracle::verdictCounts(text))
+        FieldTextOracle::checkSingleStored(editor, target.field, componentOf(line, editor->getFrame()), text);
 }
 
 void FieldTextHarness::runList(FxMFieldWidget* editor, const Target& target, int route, int which,
@@ -345,75 +282,14 @@ void FieldTextHarness::runList(FxMFieldWidget* editor, const Target& target, int
         }
         QCoreApplication::processEvents();
     } else if (route >= 2) {
-        bool accepted = false;
         QLineEdit probe;
         table->getDelegate()->setValidator(&probe);
-        if (const QValidator* validator = probe.validator()) {
-            QString checked = text;
-            int position = int(checked.size());
-            accepted = validator->validate(checked, position) == QValidator::Acceptable;
-        }
+        const bool accepted = FieldTextOracle::validatorAccepts(probe, text);
         editor->setValueFromText(row, column, text);
-        if (route == 3 && accepted && row < rows && verdictCounts(text))
-            checkListStored(editor, target, row, column, text);
+        if (route == 3 && accepted && row < rows && FieldTextOracle::verdictCounts(text))
+            FieldTextOracle::checkListStored(editor, target.field, row, column, text);
     }
-    FieldTextOracle::require(field->getNum() == rows, "a text changed the number of values", field, text);
-}
-
-void FieldTextHarness::checkListStored(FxMFieldWidget* editor, const Target& target, int row, int column,
-                                       const QString& text)
-{
-    const char* what = "a text the validator accepts was not stored as it reads";
-    const QString trimmed = text.trimmed();
-    const QString stored = editor->getValueText(row, column);
-    SoField* field = target.field;
-    switch (editor->getTable()->getDelegate()->getValueKind()) {
-    case FxMFieldTableItemDelegate::ShortKind:
-    case FxMFieldTableItemDelegate::UShortKind:
-    case FxMFieldTableItemDelegate::IntKind:
-    case FxMFieldTableItemDelegate::UIntKind:
-    case FxMFieldTableItemDelegate::Int32Kind:
-    case FxMFieldTableItemDelegate::UInt32Kind: {
-        bool ok = false;
-        const qlonglong wanted = trimmed.toLongLong(&ok);
-        // Coin writes unsigned lists in hexadecimal.
-        FieldTextOracle::require(ok && stored.toLongLong(nullptr, 0) == wanted, what, field, text);
-        break;
-    }
-    case FxMFieldTableItemDelegate::FloatKind: {
-        const double wanted = double(float(trimmed.toDouble()));
-        // Rotations are stored as quaternions and planes keep a unit normal:
-        // only a plane's distance reads as typed. A colour component outside
-        // 0..1 is dropped without a word, as designed.
-        if (field->isOfType(SoMFRotation::getClassTypeId()))
-            break;
-        if (field->isOfType(SoMFPlane::getClassTypeId()) && column != 3)
-            break;
-        if (field->isOfType(SoMFColor::getClassTypeId()) && !(wanted >= 0.0 && wanted <= 1.0))
-            break;
-        // Component lists show six digits, single-value lists Coin's eight.
-        FieldTextOracle::require(close(stored.toDouble(), wanted, 1e-5, 1e-37), what, field, text);
-        break;
-    }
-    case FxMFieldTableItemDelegate::DoubleKind:
-        FieldTextOracle::require(close(stored.toDouble(), trimmed.toDouble(), 1e-15, 1e-300), what, field,
-                                 text);
-        break;
-    default:
-        break;
-    }
-}
-
-void FieldTextHarness::checkField(const Target& target, KalFieldEditors*, bool specific, const QString& text)
-{
-    FieldTextOracle::require(FieldTextOracle::readsBack(target.field, target.scratch),
-                             "the field does not read back from its own text", target.field, text);
-    FieldTextOracle::require(FieldTextOracle::realsAreFinite(target.field),
-                             "a real that is not finite was stored", target.field, text);
-    if (specific)
-        FieldTextOracle::require(FieldTextOracle::directionsHold(target.field),
-                                 "a plane without a normal or a rotation without an axis was stored",
-                                 target.field, text);
+    FieldTextOracle::checkListLength(field, rows, text);
 }
 
 // Undo and redo replay what the commands recorded; the field must read
@@ -425,9 +301,9 @@ void FieldTextHarness::undoAndRedo(const Target& target, int commands, const QSt
     for (int i = 0; i < commands; ++i)
         services->undo();
     processSensors();
-    checkField(target, nullptr, false, text);
+    FieldTextOracle::checkField(target.field, target.scratch, false, text);
     for (int i = 0; i < commands; ++i)
         services->redo();
     processSensors();
-    checkField(target, nullptr, false, text);
+    FieldTextOracle::checkField(target.field, target.scratch, false, text);
 }

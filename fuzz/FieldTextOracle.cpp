@@ -1,5 +1,15 @@
 #include "FieldTextOracle.h"
 
+#include <FieldTextGuard.h>
+#include <FxMFieldTable.h>
+#include <FxMFieldTableItemDelegate.h>
+#include <FxMFieldWidget.h>
+#include <FxSFMatrixWidget.h>
+#include <FxSFPlaneWidget.h>
+#include <FxSFieldWidget.h>
+#include <KalServices.h>
+#include <SoTypedObject.h>
+
 #include <Inventor/SbString.h>
 #include <Inventor/fields/SoMFColor.h>
 #include <Inventor/fields/SoMFDouble.h>
@@ -18,9 +28,11 @@
 #include <Inventor/fields/SoSFColorRGBA.h>
 #include <Inventor/fields/SoSFDouble.h>
 #include <Inventor/fields/SoSFFloat.h>
+#include <Inventor/fields/SoSFInt32.h>
 #include <Inventor/fields/SoSFMatrix.h>
 #include <Inventor/fields/SoSFPlane.h>
 #include <Inventor/fields/SoSFRotation.h>
+#include <Inventor/fields/SoSFShort.h>
 #include <Inventor/fields/SoSFTime.h>
 #include <Inventor/fields/SoSFVec2d.h>
 #include <Inventor/fields/SoSFVec2f.h>
@@ -29,8 +41,10 @@
 #include <Inventor/fields/SoSFVec4d.h>
 #include <Inventor/fields/SoSFVec4f.h>
 
+#include <QLineEdit>
 #include <QRegularExpression>
 #include <QStringList>
+#include <QValidator>
 
 #include <algorithm>
 
@@ -64,6 +78,11 @@ bool isUnitRotation(const SbRotation& rotation)
     return std::isfinite(squared) && std::fabs(squared - 1.0f) < 1e-3f;
 }
 
+bool close(double got, double wanted, double relative, double absolute)
+{
+    return got == wanted || std::fabs(got - wanted) <= std::max(absolute, relative * std::fabs(wanted));
+}
+
 } // namespace
 
 QString FieldTextOracle::textOf(const SoField* field)
@@ -85,6 +104,118 @@ void FieldTextOracle::require(bool holds, const char* what, const SoField* field
                  what, field->getTypeId().getName().getString(), int(text.size()), shown.constData(),
                  stored.constData());
     std::abort();
+}
+
+bool FieldTextOracle::validatorAccepts(const QLineEdit& line, const QString& text)
+{
+    const QValidator* validator = line.validator();
+    if (!validator)
+        return false;
+    QString checked = text;
+    int position = int(checked.size());
+    return validator->validate(checked, position) == QValidator::Acceptable;
+}
+
+bool FieldTextOracle::verdictCounts(const QString& text)
+{
+    return !text.trimmed().isEmpty() && FieldTextGuard::acceptable(text);
+}
+
+void FieldTextOracle::checkField(const SoField* field, SoField* scratch, bool specific, const QString& text)
+{
+    require(readsBack(field, scratch), "the field does not read back from its own text", field, text);
+    require(realsAreFinite(field), "a real that is not finite was stored", field, text);
+    if (specific)
+        require(directionsHold(field), "a plane without a normal or a rotation without an axis was stored",
+                field, text);
+}
+
+void FieldTextOracle::checkRefusedText(const SoField* field, const QString& textBefore, int commandsBefore,
+                                       const QString& text)
+{
+    if (FieldTextGuard::acceptable(text))
+        return;
+    require(textOf(field) == textBefore, "a number long enough to overrun Coin's reader reached the field",
+            field, text);
+    require(KalServices::getInstance()->commandCount() == commandsBefore, "a refused text recorded a command",
+            field, text);
+}
+
+void FieldTextOracle::checkSingleStored(const FxSFieldWidget* editor, SoField* field, int input,
+                                        const QString& text)
+{
+    const double wanted = text.trimmed().toDouble();
+    const char* what = "a text the validator accepts was not stored as it reads";
+    if (auto* reals = SoTypedObject(field).cast<SoSFFloat>()) {
+        require(reals->getValue() == float(wanted), what, field, text);
+    } else if (auto* doubles = SoTypedObject(field).cast<SoSFDouble>()) {
+        require(doubles->getValue() == wanted, what, field, text);
+    } else if (field->isOfType(SoSFInt32::getClassTypeId()) || field->isOfType(SoSFShort::getClassTypeId())) {
+        bool ok = false;
+        const int number = text.trimmed().toInt(&ok);
+        require(ok && textOf(field) == QString::number(number), what, field, text);
+    } else if (auto* vec2 = SoTypedObject(field).cast<SoSFVec2f>()) {
+        require(vec2->getValue()[input] == float(wanted), what, field, text);
+    } else if (auto* vec3 = SoTypedObject(field).cast<SoSFVec3f>()) {
+        require(vec3->getValue()[input] == float(wanted), what, field, text);
+    } else if (auto* vec4 = SoTypedObject(field).cast<SoSFVec4f>()) {
+        require(vec4->getValue()[input] == float(wanted), what, field, text);
+    } else if (auto* matrix = SoTypedObject(field).cast<SoSFMatrix>()) {
+        if (dynamic_cast<const FxSFMatrixWidget*>(editor))
+            require(matrix->getValue()[input / 4][input % 4] == float(wanted), what, field, text);
+    } else if (auto* plane = SoTypedObject(field).cast<SoSFPlane>()) {
+        // The normal is normalised; the distance is what was typed.
+        if (input == 3 && dynamic_cast<const FxSFPlaneWidget*>(editor))
+            require(close(plane->getValue().getDistanceFromOrigin(), float(wanted), 1e-6, 1e-37), what, field,
+                    text);
+    }
+}
+
+void FieldTextOracle::checkListStored(FxMFieldWidget* editor, SoField* field, int row, int column,
+                                      const QString& text)
+{
+    const char* what = "a text the validator accepts was not stored as it reads";
+    const QString trimmed = text.trimmed();
+    const QString stored = editor->getValueText(row, column);
+    switch (editor->getTable()->getDelegate()->getValueKind()) {
+    case FxMFieldTableItemDelegate::ShortKind:
+    case FxMFieldTableItemDelegate::UShortKind:
+    case FxMFieldTableItemDelegate::IntKind:
+    case FxMFieldTableItemDelegate::UIntKind:
+    case FxMFieldTableItemDelegate::Int32Kind:
+    case FxMFieldTableItemDelegate::UInt32Kind: {
+        bool ok = false;
+        const qlonglong wanted = trimmed.toLongLong(&ok);
+        // Coin writes unsigned lists in hexadecimal.
+        require(ok && stored.toLongLong(nullptr, 0) == wanted, what, field, text);
+        break;
+    }
+    case FxMFieldTableItemDelegate::FloatKind: {
+        const double wanted = double(float(trimmed.toDouble()));
+        // Rotations are stored as quaternions and planes keep a unit normal:
+        // only a plane's distance reads as typed. A colour component outside
+        // 0..1 is dropped without a word, as designed.
+        if (field->isOfType(SoMFRotation::getClassTypeId()))
+            break;
+        if (field->isOfType(SoMFPlane::getClassTypeId()) && column != 3)
+            break;
+        if (field->isOfType(SoMFColor::getClassTypeId()) && !(wanted >= 0.0 && wanted <= 1.0))
+            break;
+        // Component lists show six digits, single-value lists Coin's eight.
+        require(close(stored.toDouble(), wanted, 1e-5, 1e-37), what, field, text);
+        break;
+    }
+    case FxMFieldTableItemDelegate::DoubleKind:
+        require(close(stored.toDouble(), trimmed.toDouble(), 1e-15, 1e-300), what, field, text);
+        break;
+    default:
+        break;
+    }
+}
+
+void FieldTextOracle::checkListLength(const SoMField* field, int rows, const QString& text)
+{
+    require(field->getNum() == rows, "a text changed the number of values", field, text);
 }
 
 // Coin's own text of a value is not always the same value again: a plane's

@@ -4,9 +4,9 @@
 // elsewhere, a page of scrolling, a jump to the last row, row insertion and
 // deletion with their undo and redo, and the memory the editor holds while
 // it shows the list and after it has moved on.
+#include "BenchSupport.h"
 #include "EventLoopPass.h"
 #include "ListFieldsNode.h"
-#include "PluginWindow.h"
 
 #include <KalServices.h>
 

@@ -3,7 +3,9 @@
 // /dev/null and against a plain QTextEdit::append loop (the floor of the
 // widget the console shows text in). Also the memory the console holds after
 // 100,000 captured lines.
+#include "BenchSupport.h"
 #include "EventLoopPass.h"
+
 #include <KalConsole.h>
 #include <KalShell.h>
 
@@ -13,8 +15,6 @@
 #include <QTextEdit>
 
 #include <benchmark/benchmark.h>
-
-#include <malloc.h>
 
 #include <fstream>
 #include <iostream>
@@ -28,13 +28,6 @@ const std::string& line()
 {
     static const std::string text = std::string(59, 'x') + '\n';
     return text;
-}
-
-// Heap bytes in use, from the allocator itself: unlike the resident size it
-// is not hidden by memory an earlier repetition freed and this one reuses.
-double heapKilobytesInUse()
-{
-    return double(mallinfo2().uordblks) / 1024.0;
 }
 
 // Both the console and the floor's text edit sit in a dock of the shown main
@@ -132,11 +125,11 @@ static void BM_MemoryAfter100kLines(benchmark::State& state)
         KalConsole console;
         activateCapturing(console);
         eventLoopPass();
-        const double before = heapKilobytesInUse();
+        const double before = heapBytesInUse() / 1024.0;
         for (int i = 0; i < 100000; ++i)
             std::cout << line();
         eventLoopPass();
-        const double after = heapKilobytesInUse();
+        const double after = heapBytesInUse() / 1024.0;
         state.counters["heap_kib_added"] = after - before;
         console.deactivate();
         console.destroyWidget();

@@ -2,25 +2,18 @@
 // field of every type the plug-in has an editor for, single values and lists
 // alike, with the plug-in loaded into the host and its window shown.
 #include "AllFieldsNode.h"
+#include "BenchSupport.h"
 #include "EventLoopPass.h"
 #include "ListFieldsNode.h"
-#include "PluginWindow.h"
 
 #include <KalServices.h>
 
-#include <Inventor/SoDB.h>
-#include <Inventor/sensors/SoSensorManager.h>
-
 #include <QDockWidget>
-#include <QPixmapCache>
 #include <QSet>
 
 #include <benchmark/benchmark.h>
 
-#include <fstream>
 #include <iterator>
-#include <malloc.h>
-#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -49,10 +42,8 @@ struct Scene
         AllFieldsNode::initClass();
         ListFieldsNode::initClass();
         for (int node = 0; node < 2; ++node) {
-            singles[node] = new AllFieldsNode;
-            singles[node]->ref();
-            lists[node] = new ListFieldsNode;
-            lists[node]->ref();
+            singles[node] = keptNode<AllFieldsNode>();
+            lists[node] = keptNode<ListFieldsNode>();
             for (const char* name : kSingleFields)
                 fields[node].push_back(singles[node]->getField(name));
             for (const char* name : kListFields)
@@ -86,9 +77,7 @@ Scene& scene()
 void select(int i)
 {
     Scene& s = scene();
-    emit KalServices::getInstance()->selectedFieldChanged(s.fields[i % 2][size_t(i % kFieldEditors)]);
-    SoDB::getSensorManager()->processDelayQueue(FALSE);
-    eventLoopPass();
+    selectFieldWithSensors(s.fields[i % 2][size_t(i % kFieldEditors)]);
 }
 
 void endRound()
@@ -98,13 +87,7 @@ void endRound()
     eventLoopPass();
 }
 
-// Read with Qt's pixmap cache emptied (it keeps icon renderings up to its own
-// 10 MB bound, and the colour swatches make new ones) and with the freed top
-// of the heap given back, so that the resident size follows what is in use.
-// glibc's per-thread cache keeps up to seven freed blocks of each small size
-// for reuse, and mallinfo2 counts them as in use: a reading moves by a KiB or
-// two with whichever sizes were freed last. Run with
-// GLIBC_TUNABLES=glibc.malloc.tcache_count=0 to read the live heap alone.
+// The heap read as trimmedHeapBytes() reads it, then the resident size.
 struct Reading
 {
     double heapKib = 0;
@@ -113,14 +96,8 @@ struct Reading
 
 Reading read()
 {
-    QPixmapCache::clear();
-    malloc_trim(0);
-    const struct mallinfo2 info = mallinfo2();
-    long size = 0;
-    long residentPages = 0;
-    std::ifstream("/proc/self/statm") >> size >> residentPages;
-    return {double(info.uordblks + info.hblkhd) / 1024.0,
-            double(residentPages) * double(sysconf(_SC_PAGESIZE)) / 1024.0};
+    const double heapKib = trimmedHeapBytes() / 1024.0;
+    return {heapKib, residentKib()};
 }
 
 } // namespace

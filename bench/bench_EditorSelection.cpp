@@ -2,19 +2,15 @@
 // swap of a prebuilt frame with one line edit and one slider; and one slider
 // step of the float editor from position to refreshed editor.
 #include "BareDockSwap.h"
+#include "BenchSupport.h"
 #include "EventLoopPass.h"
-#include "PluginWindow.h"
-#include <KalPluginsManager.h>
+
+#include <FieldTesting.h>
 #include <KalServices.h>
-#include <KalShell.h>
 
-#include <Inventor/SoDB.h>
 #include <Inventor/nodes/SoComplexity.h>
-#include <Inventor/sensors/SoSensorManager.h>
 
-#include <QApplication>
 #include <QDockWidget>
-#include <QMainWindow>
 #include <QSlider>
 
 #include <benchmark/benchmark.h>
@@ -25,17 +21,9 @@ namespace {
 // select in turn so that every selection really swaps the shown field.
 struct Scene
 {
-    Scene()
-        : dock(loadPluginIntoShownWindow())
-    {
-        first = new SoComplexity;
-        first->ref();
-        second = new SoComplexity;
-        second->ref();
-    }
-    QDockWidget* dock = nullptr;
-    SoComplexity* first = nullptr;
-    SoComplexity* second = nullptr;
+    QDockWidget* dock = loadPluginIntoShownWindow();
+    SoComplexity* first = keptNode<SoComplexity>();
+    SoComplexity* second = keptNode<SoComplexity>();
 };
 
 Scene& scene()
@@ -56,8 +44,7 @@ static void BM_SelectFieldUntilShown(benchmark::State& state)
     bool flip = false;
     for (auto _ : state) {
         flip = !flip;
-        emit KalServices::getInstance()->selectedFieldChanged(flip ? &s.first->value : &s.second->value);
-        eventLoopPass();
+        selectField(flip ? &s.first->value : &s.second->value);
         benchmark::DoNotOptimize(s.dock->grab());
     }
     emit KalServices::getInstance()->selectedFieldChanged(nullptr);
@@ -75,8 +62,7 @@ BENCHMARK(BM_BareDockSwap)->Unit(benchmark::kMillisecond);
 static void BM_SliderStep(benchmark::State& state)
 {
     Scene& s = scene();
-    emit KalServices::getInstance()->selectedFieldChanged(&s.first->value);
-    eventLoopPass();
+    selectField(&s.first->value);
     auto* slider = s.dock ? s.dock->findChild<QSlider*>(QStringLiteral("m_slider")) : nullptr;
     if (!slider) {
         state.SkipWithError("the float editor's slider is missing");
@@ -89,7 +75,7 @@ static void BM_SliderStep(benchmark::State& state)
         // A user's drag: the slider moves while held down.
         slider->setSliderDown(true);
         slider->setValue(position);
-        SoDB::getSensorManager()->processDelayQueue(FALSE);
+        processSensors();
         if (++pushed == 5000) {
             state.PauseTiming();
             KalServices::getInstance()->clearHistory();

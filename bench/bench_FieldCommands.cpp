@@ -1,5 +1,7 @@
 // The cost the undo history adds to a value edit of a float field, against
 // the floor of Coin's own text round trip (one get and one set).
+#include "BenchSupport.h"
+
 #include <KalSFSetValueCommand.h>
 #include <KalServices.h>
 
@@ -13,11 +15,7 @@ namespace {
 // A node that stays alive for the whole program.
 SoSFFloat& floatField()
 {
-    static SoComplexity* node = [] {
-        auto* complexity = new SoComplexity;
-        complexity->ref();
-        return complexity;
-    }();
+    static SoComplexity* node = keptNode<SoComplexity>();
     return node->value;
 }
 

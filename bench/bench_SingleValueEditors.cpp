@@ -3,21 +3,15 @@
 // over 1,000 selections cycling through all those types on one node.
 #include "AllFieldsNode.h"
 #include "BareDockSwap.h"
+#include "BenchSupport.h"
 #include "EventLoopPass.h"
-#include "PluginWindow.h"
 
-#include <KalPluginsManager.h>
 #include <KalServices.h>
-#include <KalShell.h>
 
-#include <QApplication>
 #include <QDockWidget>
-#include <QMainWindow>
 #include <QPixmapCache>
 
 #include <benchmark/benchmark.h>
-
-#include <malloc.h>
 
 namespace {
 
@@ -55,10 +49,8 @@ struct Scene
         : dock(loadPluginIntoShownWindow())
     {
         AllFieldsNode::initClass();
-        for (AllFieldsNode*& node : nodes) {
-            node = new AllFieldsNode;
-            node->ref();
-        }
+        for (AllFieldsNode*& node : nodes)
+            node = keptNode<AllFieldsNode>();
     }
     QDockWidget* dock = nullptr;
     AllFieldsNode* nodes[2] = {nullptr, nullptr};
@@ -99,8 +91,7 @@ static void BM_SelectEditor(benchmark::State& state)
     int which = 0;
     for (auto _ : state) {
         which = 1 - which;
-        emit KalServices::getInstance()->selectedFieldChanged(fields[which]);
-        eventLoopPass();
+        selectField(fields[which]);
         benchmark::DoNotOptimize(s.dock->grab());
     }
     state.counters["dock_w"] = s.dock->width();
@@ -123,8 +114,7 @@ static void BM_ThousandSelectionsMemory(benchmark::State& state)
     auto cycle = [&s](int selections) {
         for (int i = 0; i < selections; ++i) {
             const char* fieldName = kFields[size_t(i) % std::size(kFields)].second;
-            emit KalServices::getInstance()->selectedFieldChanged(s.nodes[i % 2]->getField(fieldName));
-            eventLoopPass();
+            selectField(s.nodes[i % 2]->getField(fieldName));
         }
         emit KalServices::getInstance()->selectedFieldChanged(nullptr);
         KalServices::getInstance()->clearHistory();
@@ -132,7 +122,7 @@ static void BM_ThousandSelectionsMemory(benchmark::State& state)
     };
     auto heapInUse = [] {
         QPixmapCache::clear();
-        return double(mallinfo2().uordblks);
+        return heapBytesInUse();
     };
     for (auto _ : state) {
         cycle(int(std::size(kFields)) * 2);

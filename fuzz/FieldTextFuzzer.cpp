@@ -1,8 +1,8 @@
 // The editors' text paths under libFuzzer: every input is a field, an
-// editor, a route and a text (see FieldTextBench), and an input that breaks
+// editor, a route and a text (see FieldTextHarness), and an input that breaks
 // what must hold of the field afterwards ends the run. The same entry points
 // replay the corpus in the ordinary build (CorpusReplay.cpp).
-#include "FieldTextBench.h"
+#include "FieldTextHarness.h"
 
 #include <AllFieldsNode.h>
 #include <ListFieldsNode.h>
@@ -18,7 +18,7 @@
 
 namespace {
 
-FieldTextBench* bench = nullptr;
+FieldTextHarness* harness = nullptr;
 
 // Coin reports every refused text and Qt every odd widget state on the
 // error stream; at thousands of inputs a second that is most of the time.
@@ -43,12 +43,12 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     SoError::setHandlerCallback(quietCoin, nullptr);
     AllFieldsNode::initClass();
     ListFieldsNode::initClass();
-    bench = new FieldTextBench;
+    harness = new FieldTextHarness;
     return 0;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    bench->run(data, size);
+    harness->run(data, size);
     return 0;
 }

@@ -16,10 +16,10 @@ class QWidget;
 class SoField;
 class SoNode;
 
-// Hands one text to one editor of one field, by one route, and checks what
-// it left in the field. The fields and editors are made once and reused; a
-// field is put back to its default before each text, so that one input
-// always does the same thing.
+// Hands one text to one editor of one field, by one route, and has
+// FieldTextOracle check what it left in the field. The fields and editors
+// are made once and reused; a field is put back to its default before each
+// text, so that one input always does the same thing.
 //
 // An input is three bytes of choices and then the text (UTF-8):
 //  byte 0  the field, among a field of every type the editors handle;
@@ -31,13 +31,13 @@ class SoNode;
 //          own, the generic one, or the string editor showing the field as
 //          text), bit 5 undo and redo afterwards;
 //  byte 2  which input of the editor, or which row and column of a list.
-class FieldTextBench
+class FieldTextHarness
 {
 public:
-    FieldTextBench();
-    ~FieldTextBench();
-    FieldTextBench(const FieldTextBench&) = delete;
-    FieldTextBench& operator=(const FieldTextBench&) = delete;
+    FieldTextHarness();
+    ~FieldTextHarness();
+    FieldTextHarness(const FieldTextHarness&) = delete;
+    FieldTextHarness& operator=(const FieldTextHarness&) = delete;
 
     void run(const uint8_t* data, size_t size);
 
@@ -61,11 +61,6 @@ private:
     // Types into a line edit as a person does (or into the spin box that
     // owns it), then presses Return.
     static void type(QLineEdit* line, const QString& text, bool paste);
-    // What an accepted text must have stored, per editor.
-    void checkSingleStored(FxSFieldWidget* editor, const Target& target, int input, const QString& text);
-    void checkListStored(FxMFieldWidget* editor, const Target& target, int row, int column,
-                         const QString& text);
-    void checkField(const Target& target, KalFieldEditors* editor, bool specific, const QString& text);
     void undoAndRedo(const Target& target, int commands, const QString& text);
 
     std::vector<SoNode*> m_nodes;

@@ -1,11 +1,10 @@
-#include "FieldTextBench.h"
+#include "FieldTextHarness.h"
 
 #include "EditorSet.h"
-#include "FieldInvariants.h"
+#include "FieldTextOracle.h"
 
 #include <AllFieldsNode.h>
 #include <FieldTesting.h>
-#include <FieldTextGuard.h>
 #include <FxMFColorWidget.h>
 #include <FxMFLineWidget.h>
 #include <FxMFMatrixWidget.h>
@@ -13,8 +12,6 @@
 #include <FxMFieldTableItemDelegate.h>
 #include <FxMFieldWidget.h>
 #include <FxSFFloatComponents.h>
-#include <FxSFMatrixWidget.h>
-#include <FxSFPlaneWidget.h>
 #include <FxSFieldWidget.h>
 #include <FxSlider.h>
 #include <KalServices.h>
@@ -29,10 +26,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
-#include <QValidator>
 
 #include <algorithm>
-#include <cmath>
 
 namespace {
 
@@ -80,23 +75,9 @@ int componentOf(QLineEdit* line, QWidget* frame)
     return frame->findChildren<QLineEdit*>(line->objectName()).indexOf(line);
 }
 
-bool close(double got, double wanted, double relative, double absolute)
-{
-    return got == wanted || std::fabs(got - wanted) <= std::max(absolute, relative * std::fabs(wanted));
-}
-
-// A text the validators' verdict is checked on. Refused before any parsing
-// are, on purpose, numbers long enough to overrun Coin's reader (the
-// validators take any length), and the empty text the unsigned validator
-// accepts while a cell is being cleared.
-bool verdictCounts(const QString& text)
-{
-    return !text.trimmed().isEmpty() && FieldTextGuard::acceptable(text);
-}
-
 } // namespace
 
-FieldTextBench::FieldTextBench()
+FieldTextHarness::FieldTextHarness()
 {
     // The edited nodes, their pristine twins, and the ones read back into.
     SoNode* nodes[3][2];
@@ -120,7 +101,7 @@ FieldTextBench::FieldTextBench()
     m_german = std::make_unique<EditorSet>(QLocale(QLocale::German, QLocale::Germany));
 }
 
-FieldTextBench::~FieldTextBench()
+FieldTextHarness::~FieldTextHarness()
 {
     m_plain.reset();
     m_german.reset();
@@ -128,7 +109,7 @@ FieldTextBench::~FieldTextBench()
         node->unref();
 }
 
-void FieldTextBench::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scratch)
+void FieldTextHarness::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scratch)
 {
     SoFieldList fields;
     node->getFields(fields);
@@ -139,7 +120,7 @@ void FieldTextBench::addNodeFields(SoNode* node, SoNode* pristine, SoNode* scrat
     }
 }
 
-void FieldTextBench::addLoneField(const char* typeName)
+void FieldTextHarness::addLoneField(const char* typeName)
 {
     const SoType type = SoType::fromName(typeName);
     SoField* made[3];
@@ -150,7 +131,7 @@ void FieldTextBench::addLoneField(const char* typeName)
     m_targets.push_back({made[0], made[1], made[2]});
 }
 
-KalFieldEditors* FieldTextBench::chooseEditor(const EditorSet& set, SoField* field, int choice) const
+KalFieldEditors* FieldTextHarness::chooseEditor(const EditorSet& set, SoField* field, int choice) const
 {
     const bool single = !field->isOfType(SoMField::getClassTypeId());
     KalFieldEditors* editor = set.specificFor(field);
@@ -165,7 +146,7 @@ KalFieldEditors* FieldTextBench::chooseEditor(const EditorSet& set, SoField* fie
     return editor;
 }
 
-void FieldTextBench::run(const uint8_t* data, size_t size)
+void FieldTextHarness::run(const uint8_t* data, size_t size)
 {
     if (size < 3 || m_targets.empty())
         return;
@@ -189,7 +170,7 @@ void FieldTextBench::run(const uint8_t* data, size_t size)
     editor->activate();
     processSensors();
     const int before = services->commandCount();
-    const QString textBefore = FieldInvariants::textOf(target.field);
+    const QString textBefore = FieldTextOracle::textOf(target.field);
 
     // Editors that hand the text itself to Coin to parse.
     bool parsesText = false;
@@ -205,14 +186,9 @@ void FieldTextBench::run(const uint8_t* data, size_t size)
     QCoreApplication::processEvents();
     processSensors();
 
-    if (parsesText && route == 2 && !FieldTextGuard::acceptable(text)) {
-        FieldInvariants::require(FieldInvariants::textOf(target.field) == textBefore,
-                                 "a number long enough to overrun Coin's reader reached the field",
-                                 target.field, text);
-        FieldInvariants::require(services->commandCount() == before, "a refused text recorded a command",
-                                 target.field, text);
-    }
-    checkField(target, editor, editor == set.specificFor(target.field), text);
+    if (parsesText && route == 2)
+        FieldTextOracle::checkRefusedText(target.field, textBefore, before, text);
+    FieldTextOracle::checkField(target.field, target.scratch, editor == set.specificFor(target.field), text);
     if (undo)
         undoAndRedo(target, services->commandCount() - before, text);
 
@@ -221,7 +197,7 @@ void FieldTextBench::run(const uint8_t* data, size_t size)
     QLocale::setDefault(QLocale::c());
 }
 
-void FieldTextBench::type(QLineEdit* line, const QString& text, bool paste)
+void FieldTextHarness::type(QLineEdit* line, const QString& text, bool paste)
 {
     QWidget* receiver = line;
     if (QAbstractSpinBox* spin = spinBoxOf(line))
@@ -242,8 +218,8 @@ void FieldTextBench::type(QLineEdit* line, const QString& text, bool paste)
     QTest::keyClick(receiver, Qt::Key_Return);
 }
 
-void FieldTextBench::runSingle(FxSFieldWidget* editor, const Target& target, int route, int which,
-                               const QString& text)
+void FieldTextHarness::runSingle(FxSFieldWidget* editor, const Target& target, int route, int which,
+                                 const QString& text)
 {
     const QList<QLineEdit*> inputs = textInputs(editor->getFrame());
     if (inputs.isEmpty())
@@ -253,12 +229,7 @@ void FieldTextBench::runSingle(FxSFieldWidget* editor, const Target& target, int
         type(line, text, route == 1);
         return;
     }
-    bool accepted = false;
-    if (const QValidator* validator = line->validator()) {
-        QString checked = text;
-        int position = int(checked.size());
-        accepted = validator->validate(checked, position) == QValidator::Acceptable;
-    }
+    const bool accepted = FieldTextOracle::validatorAccepts(*line, text);
     // The text as it would be if no validator had looked at it, then the
     // editor's own step from its inputs to the field.
     line->setText(text);
@@ -272,46 +243,12 @@ void FieldTextBench::runSingle(FxSFieldWidget* editor, const Target& target, int
         slider->changeValueFromEdit();
     else
         editor->applyChanges();
-    if (route == 3 && accepted && verdictCounts(text))
-        checkSingleStored(editor, target, componentOf(line, editor->getFrame()), text);
+    if (route == 3 && accepted && FieldTextOracle::verdictCounts(text))
+        FieldTextOracle::checkSingleStored(editor, target.field, componentOf(line, editor->getFrame()), text);
 }
 
-void FieldTextBench::checkSingleStored(FxSFieldWidget* editor, const Target& target, int input,
-                                       const QString& text)
-{
-    SoField* field = target.field;
-    const double wanted = text.trimmed().toDouble();
-    const char* what = "a text the validator accepts was not stored as it reads";
-    if (auto* reals = SoTypedObject(field).cast<SoSFFloat>()) {
-        FieldInvariants::require(reals->getValue() == float(wanted), what, field, text);
-    } else if (auto* doubles = SoTypedObject(field).cast<SoSFDouble>()) {
-        FieldInvariants::require(doubles->getValue() == wanted, what, field, text);
-    } else if (field->isOfType(SoSFInt32::getClassTypeId()) || field->isOfType(SoSFShort::getClassTypeId())) {
-        bool ok = false;
-        const int number = text.trimmed().toInt(&ok);
-        FieldInvariants::require(ok && FieldInvariants::textOf(field) == QString::number(number), what, field,
-                                 text);
-    } else if (auto* vec2 = SoTypedObject(field).cast<SoSFVec2f>()) {
-        FieldInvariants::require(vec2->getValue()[input] == float(wanted), what, field, text);
-    } else if (auto* vec3 = SoTypedObject(field).cast<SoSFVec3f>()) {
-        FieldInvariants::require(vec3->getValue()[input] == float(wanted), what, field, text);
-    } else if (auto* vec4 = SoTypedObject(field).cast<SoSFVec4f>()) {
-        FieldInvariants::require(vec4->getValue()[input] == float(wanted), what, field, text);
-    } else if (auto* matrix = SoTypedObject(field).cast<SoSFMatrix>()) {
-        if (dynamic_cast<FxSFMatrixWidget*>(editor))
-            FieldInvariants::require(matrix->getValue()[input / 4][input % 4] == float(wanted), what, field,
-                                     text);
-    } else if (auto* plane = SoTypedObject(field).cast<SoSFPlane>()) {
-        // The normal is normalised; the distance is what was typed.
-        if (input == 3 && dynamic_cast<FxSFPlaneWidget*>(editor))
-            FieldInvariants::require(
-                close(plane->getValue().getDistanceFromOrigin(), float(wanted), 1e-6, 1e-37), what, field,
-                text);
-    }
-}
-
-void FieldTextBench::runList(FxMFieldWidget* editor, const Target& target, int route, int which,
-                             const QString& text)
+void FieldTextHarness::runList(FxMFieldWidget* editor, const Target& target, int route, int which,
+                               const QString& text)
 {
     auto* field = static_cast<SoMField*>(target.field);
     FxMFieldTable* table = editor->getTable();
@@ -345,89 +282,28 @@ void FieldTextBench::runList(FxMFieldWidget* editor, const Target& target, int r
         }
         QCoreApplication::processEvents();
     } else if (route >= 2) {
-        bool accepted = false;
         QLineEdit probe;
         table->getDelegate()->setValidator(&probe);
-        if (const QValidator* validator = probe.validator()) {
-            QString checked = text;
-            int position = int(checked.size());
-            accepted = validator->validate(checked, position) == QValidator::Acceptable;
-        }
+        const bool accepted = FieldTextOracle::validatorAccepts(probe, text);
         editor->setValueFromText(row, column, text);
-        if (route == 3 && accepted && row < rows && verdictCounts(text))
-            checkListStored(editor, target, row, column, text);
+        if (route == 3 && accepted && row < rows && FieldTextOracle::verdictCounts(text))
+            FieldTextOracle::checkListStored(editor, target.field, row, column, text);
     }
-    FieldInvariants::require(field->getNum() == rows, "a text changed the number of values", field, text);
-}
-
-void FieldTextBench::checkListStored(FxMFieldWidget* editor, const Target& target, int row, int column,
-                                     const QString& text)
-{
-    const char* what = "a text the validator accepts was not stored as it reads";
-    const QString trimmed = text.trimmed();
-    const QString stored = editor->getValueText(row, column);
-    SoField* field = target.field;
-    switch (editor->getTable()->getDelegate()->getValueKind()) {
-    case FxMFieldTableItemDelegate::ShortKind:
-    case FxMFieldTableItemDelegate::UShortKind:
-    case FxMFieldTableItemDelegate::IntKind:
-    case FxMFieldTableItemDelegate::UIntKind:
-    case FxMFieldTableItemDelegate::Int32Kind:
-    case FxMFieldTableItemDelegate::UInt32Kind: {
-        bool ok = false;
-        const qlonglong wanted = trimmed.toLongLong(&ok);
-        // Coin writes unsigned lists in hexadecimal.
-        FieldInvariants::require(ok && stored.toLongLong(nullptr, 0) == wanted, what, field, text);
-        break;
-    }
-    case FxMFieldTableItemDelegate::FloatKind: {
-        const double wanted = double(float(trimmed.toDouble()));
-        // Rotations are stored as quaternions and planes keep a unit normal:
-        // only a plane's distance reads as typed. A colour component outside
-        // 0..1 is dropped without a word, as designed.
-        if (field->isOfType(SoMFRotation::getClassTypeId()))
-            break;
-        if (field->isOfType(SoMFPlane::getClassTypeId()) && column != 3)
-            break;
-        if (field->isOfType(SoMFColor::getClassTypeId()) && !(wanted >= 0.0 && wanted <= 1.0))
-            break;
-        // Component lists show six digits, single-value lists Coin's eight.
-        FieldInvariants::require(close(stored.toDouble(), wanted, 1e-5, 1e-37), what, field, text);
-        break;
-    }
-    case FxMFieldTableItemDelegate::DoubleKind:
-        FieldInvariants::require(close(stored.toDouble(), trimmed.toDouble(), 1e-15, 1e-300), what, field,
-                                 text);
-        break;
-    default:
-        break;
-    }
-}
-
-void FieldTextBench::checkField(const Target& target, KalFieldEditors*, bool specific, const QString& text)
-{
-    FieldInvariants::require(FieldInvariants::readsBack(target.field, target.scratch),
-                             "the field does not read back from its own text", target.field, text);
-    FieldInvariants::require(FieldInvariants::realsAreFinite(target.field),
-                             "a real that is not finite was stored", target.field, text);
-    if (specific)
-        FieldInvariants::require(FieldInvariants::directionsHold(target.field),
-                                 "a plane without a normal or a rotation without an axis was stored",
-                                 target.field, text);
+    FieldTextOracle::checkListLength(field, rows, text);
 }
 
 // Undo and redo replay what the commands recorded; the field must read
 // back after each. A spin box editor records a further command on the
 // refresh after an undo, so the sensors run only once all are undone.
-void FieldTextBench::undoAndRedo(const Target& target, int commands, const QString& text)
+void FieldTextHarness::undoAndRedo(const Target& target, int commands, const QString& text)
 {
     KalServices* services = KalServices::getInstance();
     for (int i = 0; i < commands; ++i)
         services->undo();
     processSensors();
-    checkField(target, nullptr, false, text);
+    FieldTextOracle::checkField(target.field, target.scratch, false, text);
     for (int i = 0; i < commands; ++i)
         services->redo();
     processSensors();
-    checkField(target, nullptr, false, text);
+    FieldTextOracle::checkField(target.field, target.scratch, false, text);
 }

@@ -1,0 +1,67 @@
+#include "BenchSupport.h"
+
+#include "EventLoopPass.h"
+
+#include <FieldTesting.h>
+#include <KalPluginsManager.h>
+#include <KalServices.h>
+#include <KalShell.h>
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QPixmapCache>
+
+#include <fstream>
+#include <malloc.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+QDockWidget* loadPluginIntoShownWindow()
+{
+    KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
+    QMainWindow* window = KalShell::getInstance()->getMainWindow();
+    window->resize(900, 600);
+    window->show();
+    return window->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
+}
+
+void selectField(SoField* field)
+{
+    emit KalServices::getInstance()->selectedFieldChanged(field);
+    eventLoopPass();
+}
+
+void selectFieldWithSensors(SoField* field)
+{
+    emit KalServices::getInstance()->selectedFieldChanged(field);
+    processSensors();
+    eventLoopPass();
+}
+
+double heapBytesInUse()
+{
+    return double(mallinfo2().uordblks);
+}
+
+double trimmedHeapBytes()
+{
+    QPixmapCache::clear();
+    malloc_trim(0);
+    const struct mallinfo2 info = mallinfo2();
+    return double(info.uordblks + info.hblkhd);
+}
+
+double residentKib()
+{
+    long size = 0;
+    long residentPages = 0;
+    std::ifstream("/proc/self/statm") >> size >> residentPages;
+    return double(residentPages) * double(sysconf(_SC_PAGESIZE)) / 1024.0;
+}
+
+double minorPageFaults()
+{
+    struct rusage usage = {};
+    getrusage(RUSAGE_SELF, &usage);
+    return double(usage.ru_minflt);
+}

@@ -1,0 +1,46 @@
+#pragma once
+// What the benchmark programs share: the plug-in loaded into a shown window,
+// nodes kept for the whole program, a selection carried through as the host
+// carries it, and the readings of the heap and of page faults.
+class QDockWidget;
+class SoField;
+
+// The plug-in loaded into the host once per benchmark program, its main
+// window shown at one size, so that every selection figure pays for the same
+// layout. Returns the "Field Editor" dock, or null if the plug-in did not
+// load.
+QDockWidget* loadPluginIntoShownWindow();
+
+// A node that stays alive for the whole program.
+template <class Node>
+Node* keptNode()
+{
+    auto* node = new Node;
+    node->ref();
+    return node;
+}
+
+// `field` announced as the selection, then one event-loop pass: the dock
+// shows its editor filled.
+void selectField(SoField* field);
+// The same with the field sensors due run before the pass, as the host's
+// event loop would run them.
+void selectFieldWithSensors(SoField* field);
+
+// Heap bytes in use, from the allocator itself: unlike the resident size it
+// is not hidden by memory an earlier repetition freed and this one reuses.
+// glibc's per-thread cache keeps up to seven freed blocks of each small size
+// for reuse, and counts them as in use: a reading moves by a KiB or two with
+// whichever sizes were freed last. Run with
+// GLIBC_TUNABLES=glibc.malloc.tcache_count=0 to read the live heap alone.
+double heapBytesInUse();
+// The heap in use with the large blocks (a million rows' bookkeeping) that
+// are mapped apart from the heap proper, read with Qt's pixmap cache emptied
+// (it keeps icon renderings up to its own 10 MB bound, and the colour
+// swatches make new ones) and with the freed top of the heap given back, so
+// that the resident size follows what is in use.
+double trimmedHeapBytes();
+// The resident size, in KiB.
+double residentKib();
+// Minor page faults of the process so far: pages faulted in and zeroed.
+double minorPageFaults();

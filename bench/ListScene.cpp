@@ -28,9 +28,9 @@ const char* const kListLabels[] = {"MFFloat", "MFString", "MFVec3f", "MFRotation
 ListScene::ListScene()
     : dock(loadPluginIntoShownWindow())
 {
-    ListFieldsNode::initClass();
-    for (ListFieldsNode*& node : nodes) {
-        node = keptNode<ListFieldsNode>();
+    AllFieldsNode::initClass();
+    for (AllFieldsNode*& node : nodes) {
+        node = keptNode<AllFieldsNode>();
         node->mfFloat.setNum(kRows);
         float* floats = node->mfFloat.startEditing();
         for (int i = 0; i < kRows; ++i)

@@ -2,7 +2,7 @@
 // The scene of the list benchmarks: two nodes whose float, string, vector,
 // rotation and colour lists hold a million values each, with the plug-in
 // loaded into the shown window. Made once per program, on first use.
-#include "ListFieldsNode.h"
+#include "AllFieldsNode.h"
 
 class QDockWidget;
 class QTableWidget;
@@ -27,7 +27,7 @@ struct ListScene
     bool topSwatchPainted(const SoMFColor& colors) const;
 
     QDockWidget* dock = nullptr;
-    ListFieldsNode* nodes[2] = {nullptr, nullptr};
+    AllFieldsNode* nodes[2] = {nullptr, nullptr};
 
 private:
     ListScene();

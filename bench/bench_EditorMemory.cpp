@@ -4,7 +4,6 @@
 #include "AllFieldsNode.h"
 #include "BenchSupport.h"
 #include "EventLoopPass.h"
-#include "ListFieldsNode.h"
 
 #include <KalServices.h>
 
@@ -32,7 +31,7 @@ const char* const kListFields[] = {
 };
 constexpr int kFieldEditors = int(std::size(kSingleFields) + std::size(kListFields));
 
-// Two nodes of each kind, so that consecutive selections of one type (once
+// Two nodes, so that consecutive selections of one type (once
 // per cycle, with 41 fields in it) hand its editor another node's field.
 struct Scene
 {
@@ -40,14 +39,12 @@ struct Scene
         : dock(loadPluginIntoShownWindow())
     {
         AllFieldsNode::initClass();
-        ListFieldsNode::initClass();
         for (int node = 0; node < 2; ++node) {
-            singles[node] = keptNode<AllFieldsNode>();
-            lists[node] = keptNode<ListFieldsNode>();
+            nodes[node] = keptNode<AllFieldsNode>();
             for (const char* name : kSingleFields)
-                fields[node].push_back(singles[node]->getField(name));
+                fields[node].push_back(nodes[node]->getField(name));
             for (const char* name : kListFields)
-                fields[node].push_back(lists[node]->getField(name));
+                fields[node].push_back(nodes[node]->getField(name));
         }
     }
     bool complete() const
@@ -61,8 +58,7 @@ struct Scene
         return dock != nullptr;
     }
     QDockWidget* dock = nullptr;
-    AllFieldsNode* singles[2] = {nullptr, nullptr};
-    ListFieldsNode* lists[2] = {nullptr, nullptr};
+    AllFieldsNode* nodes[2] = {nullptr, nullptr};
     std::vector<SoField*> fields[2];
 };
 

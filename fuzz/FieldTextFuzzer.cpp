@@ -5,7 +5,6 @@
 #include "FieldTextHarness.h"
 
 #include <AllFieldsNode.h>
-#include <ListFieldsNode.h>
 #include <SoKalExtensions.h>
 
 #include <Inventor/SoDB.h>
@@ -42,7 +41,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***)
     SoKalExtensions::init();
     SoError::setHandlerCallback(quietCoin, nullptr);
     AllFieldsNode::initClass();
-    ListFieldsNode::initClass();
     harness = new FieldTextHarness;
     return 0;
 }

@@ -15,7 +15,6 @@
 #include <FxSFieldWidget.h>
 #include <FxSlider.h>
 #include <KalServices.h>
-#include <ListFieldsNode.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/lists/SoFieldList.h>
@@ -79,18 +78,14 @@ int componentOf(QLineEdit* line, QWidget* frame)
 
 FieldTextHarness::FieldTextHarness()
 {
-    // The edited nodes, their pristine twins, and the ones read back into.
-    SoNode* nodes[3][2];
-    for (auto& role : nodes) {
-        role[0] = new AllFieldsNode;
-        role[1] = new ListFieldsNode;
-        for (SoNode* node : role) {
-            node->ref();
-            m_nodes.push_back(node);
-        }
+    // The edited node, its pristine twin, and the one read back into.
+    SoNode* nodes[3];
+    for (SoNode*& node : nodes) {
+        node = new AllFieldsNode;
+        node->ref();
+        m_nodes.push_back(node);
     }
-    for (int kind = 0; kind < 2; ++kind)
-        addNodeFields(nodes[0][kind], nodes[1][kind], nodes[2][kind]);
+    addNodeFields(nodes[0], nodes[1], nodes[2]);
     for (const LoneField& lone : kLoneFields)
         addLoneField(lone.type);
     for (size_t i = 0; i < std::size(kLoneFields); ++i) {

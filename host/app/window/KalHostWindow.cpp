@@ -8,6 +8,7 @@
 #include "SceneModel.h"
 #include "ScenePath.h"
 #include "SelectionCaption.h"
+#include "TreeSelection.h"
 #include "ViewPicker.h"
 #include "WindowLayout.h"
 
@@ -481,8 +482,7 @@ bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
 
 void KalHostWindow::currentRowChanged()
 {
-    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
-    const QModelIndex row = rows.isEmpty() ? QModelIndex() : rows.first();
+    const QModelIndex row = TreeSelection::selectedRow(m_tree->selectionModel());
     SoField* field = m_model->field(row);
     SoFieldContainer* node = m_model->container(row);
     m_caption->showRow(row, field != nullptr);
@@ -547,8 +547,7 @@ bool KalHostWindow::select(const QString& path)
         return false;
     }
     m_tree->scrollTo(row);
-    m_tree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
-                                                       QItemSelectionModel::Rows);
+    TreeSelection::selectRow(m_tree->selectionModel(), row);
     return true;
 }
 

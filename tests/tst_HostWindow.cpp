@@ -205,7 +205,7 @@ void tst_HostWindow::clickRow(const QModelIndex& index)
 
 void tst_HostWindow::selectingEveryFieldThroughTheTree()
 {
-    SceneModel* model = m_host->model();
+    SceneModel* model = m_host->sceneModel();
     m_host->tree()->expandAll();
     QList<QPersistentModelIndex> rows;
     collectFieldRows(model, QModelIndex(), &rows);
@@ -250,12 +250,13 @@ void tst_HostWindow::selectingANodeClearsTheField()
 
 KalFieldSampler* tst_HostWindow::sampler() const
 {
-    return static_cast<KalFieldSampler*>(m_host->model()->container(m_host->model()->nodeIndex({6})));
+    return static_cast<KalFieldSampler*>(
+        m_host->sceneModel()->container(m_host->sceneModel()->nodeIndex({6})));
 }
 
 SoNode* tst_HostWindow::gold() const
 {
-    return static_cast<SoNode*>(m_host->model()->container(m_host->model()->nodeIndex({4, 1})));
+    return static_cast<SoNode*>(m_host->sceneModel()->container(m_host->sceneModel()->nodeIndex({4, 1})));
 }
 
 void tst_HostWindow::typeIntoFloatEditor(const QString& path, const QString& text)
@@ -275,19 +276,19 @@ void tst_HostWindow::editSaveReopen()
     QVERIFY(m_host->saveScene(path));
     QVERIFY(m_host->openScene(path));
     QMap<QString, QString> before;
-    collectValues(m_host->model(), QModelIndex(), QString(), &before);
+    collectValues(m_host->sceneModel(), QModelIndex(), QString(), &before);
 
     typeIntoFloatEditor(QStringLiteral("Sampler.opacity"), QStringLiteral("0.125"));
     if (QTest::currentTestFailed())
         return;
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     QVERIFY(m_host->window()->windowTitle().contains(QLatin1Char('*')));
     QVERIFY(m_host->saveScene(path));
-    QVERIFY(!m_host->isModified());
+    QVERIFY(!m_host->hasUnsavedChanges());
 
     QVERIFY(m_host->openScene(path));
     QMap<QString, QString> after;
-    collectValues(m_host->model(), QModelIndex(), QString(), &after);
+    collectValues(m_host->sceneModel(), QModelIndex(), QString(), &after);
     QCOMPARE(after.size(), before.size());
     const QString opacity = QStringLiteral("/Separator/Sampler/opacity");
     QCOMPARE(after.value(opacity), QStringLiteral("0.125"));
@@ -307,7 +308,7 @@ void tst_HostWindow::commandTextsSayWhatChanged()
     auto* undo = m_host->window()->findChild<QAction*>(QStringLiteral("UndoAction"));
     QVERIFY(undo && undo->isEnabled());
     undo->trigger();
-    auto* complexity = static_cast<SoNode*>(m_host->model()->container(m_host->tree()->currentIndex()));
+    auto* complexity = static_cast<SoNode*>(m_host->sceneModel()->container(m_host->tree()->currentIndex()));
     QCOMPARE(static_cast<SoSFFloat*>(complexity->getField("value"))->getValue(), 0.6f);
     m_host->window()->findChild<QAction*>(QStringLiteral("RedoAction"))->trigger();
     QCOMPARE(static_cast<SoSFFloat*>(complexity->getField("value"))->getValue(), 0.25f);
@@ -362,11 +363,11 @@ void tst_HostWindow::badFilesKeepTheSceneOpen()
     const QString path = m_dir.filePath(name);
     if (name != QLatin1String("missing.iv"))
         writeFile(path, bytes);
-    SoNode* before = m_host->model()->root();
+    SoNode* before = m_host->sceneModel()->root();
     QVERIFY(!m_host->openScene(path));
     QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
     QVERIFY2(m_host->lastError().contains(reason), qPrintable(m_host->lastError()));
-    QCOMPARE(m_host->model()->root(), before);
+    QCOMPARE(m_host->sceneModel()->root(), before);
     // Still usable: the sample's fields can be selected and edited.
     QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
     QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxSFFloatWidget"));
@@ -404,7 +405,7 @@ void tst_HostWindow::unsavedChangesAreAskedAbout()
     QCOMPARE(asked, 0);
     m_host->window()->show();
     sampler()->opacity.setValue(0.3f);
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     QVERIFY(!m_host->window()->close());
     QCOMPARE(asked, 1);
     QVERIFY(m_host->window()->isVisible());
@@ -446,10 +447,10 @@ void tst_HostWindow::fileMenuAsksForItsFiles()
 
     // A known file is saved without asking.
     sampler()->opacity.setValue(0.375f);
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     trigger("SaveAction");
     QCOMPARE(asked.size(), 2);
-    QVERIFY(!m_host->isModified());
+    QVERIFY(!m_host->hasUnsavedChanges());
     QFile written(saved);
     QVERIFY(written.open(QIODevice::ReadOnly));
     QVERIFY(written.readAll().contains("opacity 0.375"));
@@ -704,7 +705,7 @@ void tst_HostWindow::sensorsRunFromTheEventLoop()
     // sensors, and the editor and the tree follow.
     QTRY_COMPARE(edit->text(), QStringLiteral("0.375000"));
     const QModelIndex row = m_host->tree()->currentIndex().siblingAtColumn(SceneModel::ValueColumn);
-    QTRY_COMPARE(m_host->model()->data(row).toString(), QStringLiteral("0.375"));
+    QTRY_COMPARE(m_host->sceneModel()->data(row).toString(), QStringLiteral("0.375"));
 }
 
 void tst_HostWindow::samplerHasEveryEditedType()

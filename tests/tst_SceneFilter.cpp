@@ -150,7 +150,7 @@ QModelIndex tst_SceneFilter::sceneRow(const QModelIndex& shownRow) const
 QModelIndex tst_SceneFilter::row(const QString& path) const
 {
     QString error;
-    const QModelIndex index = ScenePath::resolve(*m_host->model(), path, &error);
+    const QModelIndex index = ScenePath::find(*m_host->sceneModel(), path, &error);
     if (!index.isValid())
         qWarning() << error;
     return index;
@@ -264,9 +264,9 @@ void tst_SceneFilter::selectingAFilteredRowSelectsItsField()
     QVERIFY(!fields.isEmpty());
     SoField* field = fields.last().at(0).value<SoField*>();
     QVERIFY(field);
-    QCOMPARE(field, m_host->model()->field(shininess));
+    QCOMPARE(field, m_host->sceneModel()->field(shininess));
     QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(),
-             m_host->model()->container(row(QStringLiteral("Gold"))));
+             m_host->sceneModel()->container(row(QStringLiteral("Gold"))));
     auto* dock = m_host->window()->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
     QVERIFY(dock && !dock->isHidden());
     QCOMPARE(dock->widget()->objectName(), QStringLiteral("FxMFFloatWidget"));
@@ -274,7 +274,7 @@ void tst_SceneFilter::selectingAFilteredRowSelectsItsField()
     // A node row as well.
     const QModelIndex stone = row(QStringLiteral("Stone"));
     clickRow(stone);
-    QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(), m_host->model()->container(stone));
+    QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(), m_host->sceneModel()->container(stone));
 }
 
 void tst_SceneFilter::keysMoveOverShownRowsOnly()
@@ -304,7 +304,7 @@ void tst_SceneFilter::downGoesFromTheBoxToTheRows()
     QTreeView* tree = shownTree();
     QCOMPARE(tree, box()->filteredTree());
     QVERIFY(tree->hasFocus());
-    QCOMPARE(sceneRow(tree->currentIndex()), m_host->model()->index(0, 0));
+    QCOMPARE(sceneRow(tree->currentIndex()), m_host->sceneModel()->index(0, 0));
     QTest::keyClick(tree, Qt::Key_Down);
     QTest::keyClick(tree, Qt::Key_Down);
     const QModelIndex sphere = sceneRow(tree->currentIndex());
@@ -325,13 +325,13 @@ void tst_SceneFilter::aRowSelectedElsewhereIsSelectedInTheFilteredTree()
     QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.diffuseColor")));
     QCOMPARE(tree->selectionModel()->selectedRows().size(), 1);
     QCOMPARE(fields.last().at(0).value<SoField*>(),
-             m_host->model()->field(row(QStringLiteral("Gold.diffuseColor"))));
+             m_host->sceneModel()->field(row(QStringLiteral("Gold.diffuseColor"))));
 
     // A row the filter leaves out joins the filtered rows, in its place
     // among them, selected; the text and the other rows stay.
     QVERIFY(m_host->select(QStringLiteral("Gold.shininess")));
     QCOMPARE(fields.last().at(0).value<SoField*>(),
-             m_host->model()->field(row(QStringLiteral("Gold.shininess"))));
+             m_host->sceneModel()->field(row(QStringLiteral("Gold.shininess"))));
     QCOMPARE(shownTree(), tree);
     QCOMPARE(filter()->text(), QStringLiteral("diffuseColor"));
     QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.shininess")));
@@ -385,13 +385,13 @@ void tst_SceneFilter::aMatchedNodeOpensToAllItsRows()
     const QModelIndex gold = shown(row(QStringLiteral("Gold")));
     // Matched by its own name: folded, with every field it has.
     QVERIFY(!tree->isExpanded(gold));
-    QCOMPARE(tree->model()->rowCount(gold), m_host->model()->rowCount(row(QStringLiteral("Gold"))));
+    QCOMPARE(tree->model()->rowCount(gold), m_host->sceneModel()->rowCount(row(QStringLiteral("Gold"))));
     tree->expand(gold);
     const QStringList rows = shownRows();
     for (const char* name :
          {"ambientColor", "diffuseColor", "specularColor", "emissiveColor", "shininess", "transparency"})
         QVERIFY2(rows.contains(QLatin1String(name)), name);
-    QCOMPARE(rows.size(), 3 + m_host->model()->rowCount(row(QStringLiteral("Gold"))));
+    QCOMPARE(rows.size(), 3 + m_host->sceneModel()->rowCount(row(QStringLiteral("Gold"))));
     clickRow(row(QStringLiteral("Gold.transparency")));
     QCOMPARE(m_host->tree()->currentIndex(), row(QStringLiteral("Gold.transparency")));
 }
@@ -404,7 +404,7 @@ void tst_SceneFilter::valuesFollowTheirFieldsWhileFiltered()
     const QModelIndex value = shown(field.siblingAtColumn(SceneModel::ValueColumn));
     QVERIFY(value.isValid());
     QSignalSpy changed(shownTree()->model(), &QAbstractItemModel::dataChanged);
-    auto* shininess = static_cast<SoMFFloat*>(m_host->model()->field(field));
+    auto* shininess = static_cast<SoMFFloat*>(m_host->sceneModel()->field(field));
     shininess->setValue(0.25f);
     QTRY_VERIFY(!changed.isEmpty());
     QCOMPARE(changed.last().at(0).toModelIndex(), value);
@@ -459,7 +459,7 @@ void tst_SceneFilter::rowsSelectedElsewhereJoinAConsistentModel()
         // Held across the rows that came in before it.
         QCOMPARE(sceneRow(goldShininess), row(QStringLiteral("Gold.shininess")));
     }
-    const QModelIndex root = m_host->model()->index(0, 0);
+    const QModelIndex root = m_host->sceneModel()->index(0, 0);
     QCOMPARE(model->reveal(root), model->index(0, 0));
     QVERIFY(!model->reveal(QModelIndex()).isValid());
     // Each pick came in by an insert of its own; the model was not reset.
@@ -477,7 +477,7 @@ void tst_SceneFilter::rowsSelectedElsewhereJoinAConsistentModel()
     }
     // A value changing in a row that came in is repainted.
     QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
-    SoField* shininess = m_host->model()->field(row(QStringLiteral("Gold.shininess")));
+    SoField* shininess = m_host->sceneModel()->field(row(QStringLiteral("Gold.shininess")));
     QVERIFY(shininess);
     shininess->set("0.25");
     QTRY_VERIFY(!changed.isEmpty());

@@ -20,6 +20,7 @@ class SoSensor;
 class SceneModel : public QAbstractItemModel
 {
     Q_OBJECT
+    Q_DISABLE_COPY(SceneModel)
 
 public:
     enum Column

@@ -118,7 +118,7 @@ QMainWindow* KalHostWindow::window() const
     return m_window;
 }
 
-SceneModel* KalHostWindow::model() const
+SceneModel* KalHostWindow::sceneModel() const
 {
     return m_model;
 }
@@ -143,7 +143,7 @@ QString KalHostWindow::scenePath() const
     return m_path;
 }
 
-bool KalHostWindow::isModified() const
+bool KalHostWindow::hasUnsavedChanges() const
 {
     return m_changedSinceSave;
 }
@@ -541,7 +541,7 @@ void KalHostWindow::pluginLoaded(KalPlugin* plugin, const QString& error)
 bool KalHostWindow::select(const QString& path)
 {
     QString error;
-    const QModelIndex row = ScenePath::resolve(*m_model, path, &error);
+    const QModelIndex row = ScenePath::find(*m_model, path, &error);
     if (!row.isValid()) {
         fail(error);
         return false;

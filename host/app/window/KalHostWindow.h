@@ -34,6 +34,7 @@ class ViewPicker;
 class KalHostWindow : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(KalHostWindow)
 
 public:
     struct Options
@@ -49,7 +50,7 @@ public:
     ~KalHostWindow() override;
 
     QMainWindow* window() const;
-    SceneModel* model() const;
+    SceneModel* sceneModel() const;
     QTreeView* tree() const;
     SoQtExaminerViewer* viewer() const;
 
@@ -57,7 +58,7 @@ public:
     bool openScene(const QString& path);
     bool saveScene(const QString& path);
     QString scenePath() const;
-    bool isModified() const;
+    bool hasUnsavedChanges() const;
 
     // Selects a row of the tree as a person would, from a path text (see
     // ScenePath).

@@ -1,9 +1,8 @@
 #include "KalHostWindow.h"
 
-#include "CommandNamer.h"
 #include "HostStatusBar.h"
+#include "ProfilesMenu.h"
 #include "RecentFilesMenu.h"
-#include "SceneDocument.h"
 #include "SceneFilterBox.h"
 #include "SceneModel.h"
 #include "ScenePath.h"
@@ -11,68 +10,38 @@
 #include "TreeSelection.h"
 #include "ViewPicker.h"
 #include "WindowLayout.h"
+#include "WindowScreenshot.h"
 
 #include <KalEditor.h>
 #include <KalPlugin.h>
-#include <KalPluginsManager.h>
-#include <KalProfile.h>
 #include <KalServices.h>
 #include <KalShell.h>
 
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
-#include <Inventor/fields/SoField.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QAction>
-#include <QActionGroup>
-#include <QApplication>
-#include <QCloseEvent>
-#include <QDir>
 #include <QDockWidget>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
-#include <QList>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QScreen>
-#include <QSettings>
-#include <QStatusBar>
 #include <QTextStream>
 #include <QTimer>
 #include <QTreeView>
 #include <QUndoStack>
 #include <QUndoView>
 #include <QVBoxLayout>
-#include <QWindow>
-
-static void initHostResources()
-{
-    Q_INIT_RESOURCE(kalhost);
-}
-
-namespace {
-const char* const kDirectoryKey = "lastDirectory";
-const char* const kSampleOrigin = "built-in sample scene";
-
-QString sceneFilter()
-{
-    return QObject::tr("Scenes (*.iv *.ivx);;All files (*)");
-}
-} // namespace
 
 KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     : QObject(parent)
     , m_options(options)
     , m_window(KalShell::getInstance()->getMainWindow())
     , m_model(new SceneModel(this))
-    , m_namer(new CommandNamer(KalServices::getInstance()->undoStack(), this))
+    , m_session(new SceneSession(m_model, m_window, options.interactive, this))
 {
-    initHostResources();
     m_window->setObjectName(QStringLiteral("KalHostMainWindow"));
     m_window->setDockOptions(m_window->dockOptions() | QMainWindow::AllowTabbedDocks);
     buildCentre();
@@ -82,10 +51,7 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     buildMenus();
     if (m_viewer)
         m_picker = new ViewPicker(m_viewer, m_tree, m_model, this);
-    connect(m_model, &SceneModel::fieldChanged, this, &KalHostWindow::fieldChanged);
-    connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
-    connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
-            &CommandNamer::noteSelection);
+    connectSession();
     m_window->installEventFilter(this);
     m_layout->fitToScreen();
     refreshTitle();
@@ -95,9 +61,7 @@ KalHostWindow::~KalHostWindow()
 {
     m_window->removeEventFilter(this);
     // The editors must let go of the scene's fields before it goes.
-    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
-    emit KalServices::getInstance()->selectedNodeChanged(nullptr);
-    KalServices::getInstance()->clearHistory();
+    m_session->letGoOfScene();
     if (m_viewer)
         m_viewer->setSceneGraph(nullptr);
     delete m_viewer;
@@ -138,24 +102,39 @@ QString KalHostWindow::lastError() const
     return m_lastError;
 }
 
+void KalHostWindow::openSample()
+{
+    m_session->openSample();
+}
+
+bool KalHostWindow::openScene(const QString& path)
+{
+    return m_session->openScene(path);
+}
+
+bool KalHostWindow::saveScene(const QString& path)
+{
+    return m_session->saveScene(path);
+}
+
 QString KalHostWindow::scenePath() const
 {
-    return m_path;
+    return m_session->scenePath();
 }
 
 bool KalHostWindow::hasUnsavedChanges() const
 {
-    return m_changedSinceSave;
+    return m_session->hasUnsavedChanges();
 }
 
 void KalHostWindow::setDiscardQuestion(std::function<bool()> question)
 {
-    m_discardQuestion = std::move(question);
+    m_session->setDiscardQuestion(std::move(question));
 }
 
 void KalHostWindow::setFileQuestion(std::function<QString(FileQuestion, const QString&)> question)
 {
-    m_fileQuestion = std::move(question);
+    m_session->setFileQuestion(std::move(question));
 }
 
 void KalHostWindow::buildCentre()
@@ -224,18 +203,18 @@ void KalHostWindow::buildMenus()
 
     auto* file = new QMenu(tr("&File"), bar);
     file->setObjectName(QStringLiteral("FileMenu"));
-    QAction* open = file->addAction(tr("&Open\u2026"), this, &KalHostWindow::open, QKeySequence::Open);
+    QAction* open = file->addAction(tr("&Open\u2026"), m_session, &SceneSession::open, QKeySequence::Open);
     open->setObjectName(QStringLiteral("OpenAction"));
     m_recent = new RecentFilesMenu(file->addMenu(tr("Open &Recent")), this);
     connect(m_recent, &RecentFilesMenu::chosen, this, [this](const QString& path) {
-        if (mayDiscard())
-            openScene(path);
+        if (m_session->mayDiscard())
+            m_session->openScene(path);
     });
     file->addSeparator();
-    QAction* save = file->addAction(tr("&Save"), this, &KalHostWindow::save, QKeySequence::Save);
+    QAction* save = file->addAction(tr("&Save"), m_session, &SceneSession::save, QKeySequence::Save);
     save->setObjectName(QStringLiteral("SaveAction"));
     QAction* saveAs =
-        file->addAction(tr("Save &As\u2026"), this, &KalHostWindow::saveAs, QKeySequence::SaveAs);
+        file->addAction(tr("Save &As\u2026"), m_session, &SceneSession::saveAs, QKeySequence::SaveAs);
     saveAs->setObjectName(QStringLiteral("SaveAsAction"));
     file->addSeparator();
     QAction* quit = file->addAction(tr("&Quit"), m_window, &QWidget::close, QKeySequence::Quit);
@@ -255,63 +234,61 @@ void KalHostWindow::buildMenus()
     edit->addAction(redo);
     bar->insertMenu(before, edit);
 
-    m_profilesMenu = new QMenu(tr("&Profiles"), bar);
-    m_profilesMenu->setObjectName(QStringLiteral("ProfilesMenu"));
-    // The plug-in's selector may have switched the profile since.
-    connect(m_profilesMenu, &QMenu::aboutToShow, this, &KalHostWindow::refreshProfilesMenu);
-    bar->insertMenu(before, m_profilesMenu);
+    auto* profiles = new QMenu(tr("&Profiles"), bar);
+    m_profiles = new ProfilesMenu(profiles, this);
+    bar->insertMenu(before, profiles);
 
     auto* view = new QMenu(tr("&View"), bar);
     view->addAction(m_treeDock->toggleViewAction());
     view->addAction(m_historyDock->toggleViewAction());
     view->addAction(m_caption->dock()->toggleViewAction());
     view->addSeparator();
-    QAction* reset = view->addAction(tr("&Reset Layout"), this, &KalHostWindow::resetLayout);
+    QAction* reset = view->addAction(tr("&Reset Layout"), m_layout, &WindowLayout::reset);
     reset->setObjectName(QStringLiteral("ResetLayoutAction"));
     view->setObjectName(QStringLiteral("ViewMenu"));
     bar->insertMenu(before, view);
-    m_menus = {file, edit, m_profilesMenu, view};
+    m_menus = {file, edit, profiles, view};
+}
+
+void KalHostWindow::connectSession()
+{
+    connect(m_session, &SceneSession::replacing, this,
+            [this] { m_tree->selectionModel()->clearSelection(); });
+    connect(m_session, &SceneSession::arriving, this, [this](SoSeparator* root) {
+        if (m_viewer)
+            m_viewer->setSceneGraph(m_picker->frame(root));
+    });
+    connect(m_session, &SceneSession::replaced, this, &KalHostWindow::sceneShown);
+    connect(m_session, &SceneSession::opened, this, [this](const QString& path, qint64 milliseconds) {
+        m_status->showOpened(QFileInfo(path).fileName(), m_model->root(), milliseconds);
+        m_recent->add(path);
+    });
+    connect(m_session, &SceneSession::saved, this, [this](const QString& path, qint64 milliseconds) {
+        m_status->showSaved(QFileInfo(path).fileName(), m_model->root(), milliseconds);
+        m_recent->add(path);
+    });
+    connect(m_session, &SceneSession::documentChanged, this, &KalHostWindow::refreshTitle);
+    connect(m_session, &SceneSession::failed, this, &KalHostWindow::fail);
+    connect(m_profiles, &ProfilesMenu::switched, m_session, &SceneSession::announceSelectionAgain);
+}
+
+void KalHostWindow::sceneShown()
+{
+    m_tree->expand(m_model->index(0, 0));
+    if (m_viewer)
+        m_viewer->viewAll();
+    refreshTitle();
+    emit sceneReplaced();
 }
 
 void KalHostWindow::refreshProfilesMenu()
 {
-    qDeleteAll(m_profilesMenu->findChildren<QActionGroup*>(QString(), Qt::FindDirectChildrenOnly));
-    m_profilesMenu->clear();
-    auto* group = new QActionGroup(m_profilesMenu);
-    KalPluginsManager* manager = KalPluginsManager::getInstance();
-    for (KalProfile* profile : manager->getProfilesList()) {
-        QAction* action = m_profilesMenu->addAction(QString::fromUtf8(profile->getName().getString()));
-        action->setCheckable(true);
-        action->setChecked(profile == manager->getActiveProfile());
-        group->addAction(action);
-        connect(action, &QAction::triggered, this, [this, profile] { switchProfile(profile); });
-    }
-}
-
-void KalHostWindow::switchProfile(KalProfile* profile)
-{
-    // Extensions both profiles enable would stay running and keep showing
-    // the old profile; every extension starts again under the new one.
-    KalPluginsManager* manager = KalPluginsManager::getInstance();
-    if (profile == manager->getActiveProfile())
-        return;
-    manager->setActiveProfile(nullptr);
-    manager->setActiveProfile(profile);
-    refreshProfilesMenu();
-    KalServices* services = KalServices::getInstance();
-    emit services->selectedNodeChanged(m_selectedNode);
-    emit services->selectedFieldChanged(m_selectedField);
+    m_profiles->refresh();
 }
 
 void KalHostWindow::profilesChanged()
 {
-    KalPluginsManager* manager = KalPluginsManager::getInstance();
-    KalProfile* active = manager->getActiveProfile();
-    if (active) {
-        manager->setActiveProfile(nullptr);
-        switchProfile(active);
-    }
-    refreshProfilesMenu();
+    m_profiles->restartActive();
 }
 
 void KalHostWindow::fail(const QString& message)
@@ -326,141 +303,6 @@ void KalHostWindow::fail(const QString& message)
     box->open();
 }
 
-void KalHostWindow::openSample()
-{
-    QFile sample(QStringLiteral(":/scenes/sample.iv"));
-    QString error;
-    SoSeparator* root =
-        sample.open(QIODevice::ReadOnly)
-            ? SceneDocument::readBuffer(sample.readAll(), QLatin1String(kSampleOrigin), &error)
-            : nullptr;
-    if (!root) {
-        fail(error.isEmpty() ? tr("The built-in sample scene is missing.") : error);
-        return;
-    }
-    setScene(root, QString());
-}
-
-bool KalHostWindow::openScene(const QString& path)
-{
-    QString error;
-    QElapsedTimer timer;
-    timer.start();
-    SoSeparator* root = SceneDocument::read(path, &error);
-    if (!root) {
-        // The scene that was open stays open.
-        fail(error);
-        return false;
-    }
-    setScene(root, QFileInfo(path).absoluteFilePath());
-    m_status->showOpened(QFileInfo(path).fileName(), root, timer.elapsed());
-    m_recent->add(path);
-    rememberDirectory(path);
-    return true;
-}
-
-void KalHostWindow::setScene(SoSeparator* root, const QString& path)
-{
-    root->ref();
-    // Commands hold raw field pointers and editors watch fields: both let
-    // go of the old scene before it can be freed.
-    m_tree->selectionModel()->clearSelection();
-    emit KalServices::getInstance()->selectedFieldChanged(nullptr);
-    emit KalServices::getInstance()->selectedNodeChanged(nullptr);
-    m_selectedField = nullptr;
-    m_selectedNode = nullptr;
-    KalServices::getInstance()->clearHistory();
-    m_namer->reset();
-    if (m_viewer)
-        m_viewer->setSceneGraph(m_picker->frame(root));
-    m_model->setRoot(root);
-    root->unrefNoDelete();
-    m_tree->expand(m_model->index(0, 0));
-    m_path = path;
-    m_changedSinceSave = false;
-    KalServices::getInstance()->undoStack()->setClean();
-    if (m_viewer)
-        m_viewer->viewAll();
-    refreshTitle();
-    emit sceneReplaced();
-}
-
-bool KalHostWindow::saveScene(const QString& path)
-{
-    QString error;
-    QElapsedTimer timer;
-    timer.start();
-    if (!SceneDocument::write(static_cast<SoSeparator*>(m_model->root()), path, &error)) {
-        fail(error);
-        return false;
-    }
-    m_status->showSaved(QFileInfo(path).fileName(), m_model->root(), timer.elapsed());
-    rememberDirectory(path);
-    m_path = QFileInfo(path).absoluteFilePath();
-    m_changedSinceSave = false;
-    KalServices::getInstance()->undoStack()->setClean();
-    m_recent->add(path);
-    refreshTitle();
-    return true;
-}
-
-bool KalHostWindow::save()
-{
-    return m_path.isEmpty() ? saveAs() : saveScene(m_path);
-}
-
-bool KalHostWindow::saveAs()
-{
-    const QString path = askForFile(FileQuestion::SaveAs);
-    return !path.isEmpty() && saveScene(path);
-}
-
-void KalHostWindow::open()
-{
-    if (!mayDiscard())
-        return;
-    const QString path = askForFile(FileQuestion::Open);
-    if (!path.isEmpty())
-        openScene(path);
-}
-
-QString KalHostWindow::askForFile(FileQuestion question)
-{
-    const QString start = m_path.isEmpty() ? startDirectory() : m_path;
-    if (m_fileQuestion)
-        return m_fileQuestion(question, start);
-    if (question == FileQuestion::Open)
-        return QFileDialog::getOpenFileName(m_window, tr("Open Scene"), start, sceneFilter());
-    return QFileDialog::getSaveFileName(m_window, tr("Save Scene"), start, sceneFilter());
-}
-
-QString KalHostWindow::startDirectory() const
-{
-    const QString remembered = QSettings().value(QLatin1String(kDirectoryKey)).toString();
-    return !remembered.isEmpty() && QFileInfo(remembered).isDir() ? remembered : QDir::homePath();
-}
-
-void KalHostWindow::rememberDirectory(const QString& path)
-{
-    QSettings().setValue(QLatin1String(kDirectoryKey), QFileInfo(path).absolutePath());
-}
-
-bool KalHostWindow::mayDiscard()
-{
-    if (!m_changedSinceSave)
-        return true;
-    if (m_discardQuestion)
-        return m_discardQuestion();
-    if (!m_options.interactive)
-        return true;
-    const auto answer = QMessageBox::question(
-        m_window, tr("Kalibra"), tr("The scene has unsaved changes. Save them first?"),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-    if (answer == QMessageBox::Save)
-        return save();
-    return answer == QMessageBox::Discard;
-}
-
 bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == m_window && event->type() == QEvent::Show && m_viewer) {
@@ -471,11 +313,11 @@ bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
         });
     }
     if (watched == m_window && event->type() == QEvent::Close) {
-        if (!mayDiscard()) {
+        if (!m_session->mayDiscard()) {
             event->ignore();
             return true;
         }
-        saveLayout();
+        m_layout->save();
     }
     return QObject::eventFilter(watched, event);
 }
@@ -484,26 +326,9 @@ void KalHostWindow::currentRowChanged()
 {
     const QModelIndex row = TreeSelection::selectedRow(m_tree->selectionModel());
     SoField* field = m_model->field(row);
-    SoFieldContainer* node = m_model->container(row);
     m_caption->showRow(row, field != nullptr);
     m_status->showSelection(row.isValid() ? m_caption->plainText() : QString());
-    KalServices* services = KalServices::getInstance();
-    if (node != m_selectedNode) {
-        m_selectedNode = node;
-        emit services->selectedNodeChanged(node);
-    }
-    if (field != m_selectedField || field) {
-        m_selectedField = field;
-        emit services->selectedFieldChanged(field);
-    }
-}
-
-void KalHostWindow::fieldChanged(SoField*)
-{
-    if (!m_changedSinceSave) {
-        m_changedSinceSave = true;
-        refreshTitle();
-    }
+    m_session->announceSelection(m_model->container(row), field);
 }
 
 void KalHostWindow::arrangeDocks()
@@ -514,16 +339,6 @@ void KalHostWindow::arrangeDocks()
 bool KalHostWindow::restoreLayout()
 {
     return m_layout->restore();
-}
-
-void KalHostWindow::saveLayout()
-{
-    m_layout->save();
-}
-
-void KalHostWindow::resetLayout()
-{
-    m_layout->reset();
 }
 
 void KalHostWindow::pluginLoaded(KalPlugin* plugin, const QString& error)
@@ -553,17 +368,7 @@ bool KalHostWindow::select(const QString& path)
 
 bool KalHostWindow::writeScreenshot(const QString& path)
 {
-    // The screen's own pixels where there is one, so that the 3D view's
-    // OpenGL drawing is in the picture; the widgets' rendering otherwise.
-    QPixmap picture;
-    if (m_viewer)
-        m_viewer->render();
-    QScreen* screen = m_window->screen();
-    if (m_viewer && screen && m_window->windowHandle() &&
-        QGuiApplication::platformName() == QLatin1String("xcb"))
-        picture = screen->grabWindow(m_window->winId());
-    if (picture.isNull())
-        picture = m_window->grab();
+    const QPixmap picture = WindowScreenshot::take(m_window, m_viewer);
     if (picture.isNull() || !picture.save(path, "PNG")) {
         fail(tr("Cannot write the screenshot \"%1\".").arg(path));
         return false;
@@ -573,7 +378,9 @@ bool KalHostWindow::writeScreenshot(const QString& path)
 
 void KalHostWindow::refreshTitle()
 {
-    const QString name = m_path.isEmpty() ? tr("Sample scene") : QFileInfo(m_path).fileName();
+    const QString path = m_session->scenePath();
+    const QString name = path.isEmpty() ? tr("Sample scene") : QFileInfo(path).fileName();
     m_window->setWindowTitle(
-        tr("%1%2 \u2014 Kalibra").arg(name, m_changedSinceSave ? QStringLiteral("*") : QString()));
+        tr("%1%2 \u2014 Kalibra")
+            .arg(name, m_session->hasUnsavedChanges() ? QStringLiteral("*") : QString()));
 }

@@ -49,7 +49,8 @@ BENCHMARK(BM_OpenHugeScene)->Unit(benchmark::kMillisecond)->Iterations(3);
 static void BM_SelectFieldInHugeScene(benchmark::State& state)
 {
     KalHostWindow& window = benchHost();
-    if (window.model()->rowCount(window.model()->index(0, 0)) < 1000 && !window.openScene(hugeScenePath())) {
+    if (window.sceneModel()->rowCount(window.sceneModel()->index(0, 0)) < 1000 &&
+        !window.openScene(hugeScenePath())) {
         state.SkipWithError("the scene did not open");
         return;
     }

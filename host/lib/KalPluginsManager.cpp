@@ -20,10 +20,13 @@ namespace {
 using LoadPluginFunction = KalPlugin* (*)();
 using UnloadPluginFunction = void (*)();
 
-QString tr(const char* text)
+// The manager's messages, translated in its own context. Its header is the
+// host's API as plug-ins compile against it, so the context is declared
+// here rather than there.
+struct Messages
 {
-    return QCoreApplication::translate("KalPluginsManager", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(KalPluginsManager)
+};
 
 bool isEditor(KalExtension* extension)
 {
@@ -182,17 +185,17 @@ KalPlugin* KalPluginsManager::loadPlugin(const QString& path)
 
     const QFileInfo info(path);
     if (path.isEmpty() || !info.exists()) {
-        m_lastError = tr("The plug-in file \"%1\" does not exist.").arg(path);
+        m_lastError = Messages::tr("The plug-in file \"%1\" does not exist.").arg(path);
         return nullptr;
     }
     if (!info.isFile()) {
-        m_lastError = tr("\"%1\" is not a plug-in library: it is not a file.").arg(path);
+        m_lastError = Messages::tr("\"%1\" is not a plug-in library: it is not a file.").arg(path);
         return nullptr;
     }
     const QString canonical = info.canonicalFilePath();
     for (const auto& loaded : m_plugins) {
         if (loaded->path == canonical) {
-            m_lastError = tr("The plug-in \"%1\" is already loaded.").arg(path);
+            m_lastError = Messages::tr("The plug-in \"%1\" is already loaded.").arg(path);
             return nullptr;
         }
     }
@@ -204,21 +207,22 @@ KalPlugin* KalPluginsManager::loadPlugin(const QString& path)
     // Qt does for its own plug-ins.
     library->setLoadHints(QLibrary::PreventUnloadHint);
     if (!library->load()) {
-        m_lastError = tr("\"%1\" is not a plug-in library: the system could not load it (%2).")
+        m_lastError = Messages::tr("\"%1\" is not a plug-in library: the system could not load it (%2).")
                           .arg(path, library->errorString());
         return nullptr;
     }
     auto loadEntry = reinterpret_cast<LoadPluginFunction>(library->resolve("loadPlugin"));
     auto unloadEntry = reinterpret_cast<UnloadPluginFunction>(library->resolve("unloadPlugin"));
     if (!loadEntry || !unloadEntry) {
-        m_lastError = tr("\"%1\" is a library but not a Kalibra plug-in: its entry point \"%2\" is missing.")
-                          .arg(path, QLatin1String(loadEntry ? "unloadPlugin" : "loadPlugin"));
+        m_lastError =
+            Messages::tr("\"%1\" is a library but not a Kalibra plug-in: its entry point \"%2\" is missing.")
+                .arg(path, QLatin1String(loadEntry ? "unloadPlugin" : "loadPlugin"));
         library->unload();
         return nullptr;
     }
     KalPlugin* plugin = loadEntry();
     if (!plugin) {
-        m_lastError = tr("The plug-in \"%1\" could not create its plug-in object.").arg(path);
+        m_lastError = Messages::tr("The plug-in \"%1\" could not create its plug-in object.").arg(path);
         unloadEntry();
         library->unload();
         return nullptr;

@@ -57,7 +57,7 @@ QModelIndex SceneFilterFixture::sceneRow(const QModelIndex& shownRow) const
 QModelIndex SceneFilterFixture::row(const QString& path) const
 {
     QString error;
-    const QModelIndex index = ScenePath::resolve(*m_host->model(), path, &error);
+    const QModelIndex index = ScenePath::find(*m_host->sceneModel(), path, &error);
     if (!index.isValid())
         qWarning() << error;
     return index;

@@ -99,19 +99,19 @@ void tst_HostFiles::editSaveReopen()
     QVERIFY(m_host->saveScene(path));
     QVERIFY(m_host->openScene(path));
     QMap<QString, QString> before;
-    collectValues(m_host->model(), QModelIndex(), QString(), &before);
+    collectValues(m_host->sceneModel(), QModelIndex(), QString(), &before);
 
     typeIntoFloatEditor(QStringLiteral("Sampler.opacity"), QStringLiteral("0.125"));
     if (QTest::currentTestFailed())
         return;
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     QVERIFY(m_host->window()->windowTitle().contains(QLatin1Char('*')));
     QVERIFY(m_host->saveScene(path));
-    QVERIFY(!m_host->isModified());
+    QVERIFY(!m_host->hasUnsavedChanges());
 
     QVERIFY(m_host->openScene(path));
     QMap<QString, QString> after;
-    collectValues(m_host->model(), QModelIndex(), QString(), &after);
+    collectValues(m_host->sceneModel(), QModelIndex(), QString(), &after);
     QCOMPARE(after.size(), before.size());
     const QString opacity = QStringLiteral("/Separator/Sampler/opacity");
     QCOMPARE(after.value(opacity), QStringLiteral("0.125"));
@@ -146,11 +146,11 @@ void tst_HostFiles::badFilesKeepTheSceneOpen()
     const QString path = m_dir.filePath(name);
     if (name != QLatin1String("missing.iv"))
         writeFile(path, bytes);
-    SoNode* before = m_host->model()->root();
+    SoNode* before = m_host->sceneModel()->root();
     QVERIFY(!m_host->openScene(path));
     QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
     QVERIFY2(m_host->lastError().contains(reason), qPrintable(m_host->lastError()));
-    QCOMPARE(m_host->model()->root(), before);
+    QCOMPARE(m_host->sceneModel()->root(), before);
     // Still usable: the sample's fields can be selected and edited.
     QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
     QCOMPARE(fieldDock()->widget()->objectName(), QStringLiteral("FxSFFloatWidget"));
@@ -188,7 +188,7 @@ void tst_HostFiles::unsavedChangesAreAskedAbout()
     QCOMPARE(asked, 0);
     m_host->window()->show();
     sampler()->opacity.setValue(0.3f);
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     QVERIFY(!m_host->window()->close());
     QCOMPARE(asked, 1);
     QVERIFY(m_host->window()->isVisible());
@@ -230,10 +230,10 @@ void tst_HostFiles::fileMenuAsksForItsFiles()
 
     // A known file is saved without asking.
     sampler()->opacity.setValue(0.375f);
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     trigger("SaveAction");
     QCOMPARE(asked.size(), 2);
-    QVERIFY(!m_host->isModified());
+    QVERIFY(!m_host->hasUnsavedChanges());
     QFile written(saved);
     QVERIFY(written.open(QIODevice::ReadOnly));
     QVERIFY(written.readAll().contains("opacity 0.375"));

@@ -132,12 +132,12 @@ void tst_HostHardening::longNumbersAreRefused()
     QFETCH(QByteArray, node);
     const QString path = m_dir.filePath(QStringLiteral("long-number.iv"));
     writeFile(path, "#Inventor V2.1 ascii\nSeparator {\n  " + node + value + " }\n}\n");
-    SoNode* before = m_host->model()->root();
+    SoNode* before = m_host->sceneModel()->root();
     QVERIFY(!m_host->openScene(path));
     QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
     QVERIFY2(m_host->lastError().contains(QLatin1String("line 3 holds a number of more than 256 characters")),
              qPrintable(m_host->lastError()));
-    QCOMPARE(m_host->model()->root(), before);
+    QCOMPARE(m_host->sceneModel()->root(), before);
 }
 
 void tst_HostHardening::numbersInStringsAndCommentsAreLeftAlone()
@@ -152,8 +152,9 @@ void tst_HostHardening::numbersInStringsAndCommentsAreLeftAlone()
                         QByteArray(SceneTextCheck::kMaxNumberLength - 2, '0') + " }\n}\n");
     QVERIFY2(m_host->openScene(path), qPrintable(m_host->lastError()));
     QVERIFY(m_host->select(QStringLiteral("LongText.string")));
-    QCOMPARE(m_host->model()->data(m_host->tree()->currentIndex().siblingAtColumn(SceneModel::TypeColumn)),
-             QVariant(QStringLiteral("SFString")));
+    QCOMPARE(
+        m_host->sceneModel()->data(m_host->tree()->currentIndex().siblingAtColumn(SceneModel::TypeColumn)),
+        QVariant(QStringLiteral("SFString")));
 }
 
 void tst_HostHardening::binaryFilesAreNotScanned()
@@ -180,11 +181,11 @@ void tst_HostHardening::deepScenesOpenEditSaveAndClose()
     // The deepest field, reached by places as --select does, and changed:
     // the change is noticed up through every level.
     QVERIFY2(m_host->select(cubePlaces(kLevels) + QStringLiteral(".width")), qPrintable(m_host->lastError()));
-    SoField* width = m_host->model()->field(m_host->tree()->currentIndex());
+    SoField* width = m_host->sceneModel()->field(m_host->tree()->currentIndex());
     QVERIFY(width);
     QCOMPARE(static_cast<SoSFFloat*>(width)->getValue(), 3.0f);
     static_cast<SoSFFloat*>(width)->setValue(5.0f);
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
 
     const QString saved = m_dir.filePath(QStringLiteral("deep-saved.iv"));
     QVERIFY2(m_host->saveScene(saved), qPrintable(m_host->lastError()));
@@ -193,7 +194,7 @@ void tst_HostHardening::deepScenesOpenEditSaveAndClose()
     QVERIFY(QFileInfo(saved).size() < 1024 * 1024);
     QVERIFY2(m_host->openScene(saved), qPrintable(m_host->lastError()));
     QVERIFY(m_host->select(cubePlaces(kLevels) + QStringLiteral(".width")));
-    QCOMPARE(static_cast<SoSFFloat*>(m_host->model()->field(m_host->tree()->currentIndex()))->getValue(),
+    QCOMPARE(static_cast<SoSFFloat*>(m_host->sceneModel()->field(m_host->tree()->currentIndex()))->getValue(),
              5.0f);
 
     // Replacing the scene frees all 20,000 levels.
@@ -205,13 +206,13 @@ void tst_HostHardening::deeperThanTheLargeStackIsRefused()
 {
     const QString path = m_dir.filePath(QStringLiteral("deepest.iv"));
     writeFile(path, nestedGroups(SceneTextCheck::kMaxDepth + 1));
-    SoNode* before = m_host->model()->root();
+    SoNode* before = m_host->sceneModel()->root();
     QVERIFY(!m_host->openScene(path));
     QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
     QVERIFY2(m_host->lastError().contains(
                  QStringLiteral("nests the scene more than %1 levels deep").arg(SceneTextCheck::kMaxDepth)),
              qPrintable(m_host->lastError()));
-    QCOMPARE(m_host->model()->root(), before);
+    QCOMPARE(m_host->sceneModel()->root(), before);
 }
 
 void tst_HostHardening::overlongNamesAreRefused_data()
@@ -251,7 +252,7 @@ void tst_HostHardening::saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack()
     // Coin writes a float that is not a number as "nan", which it cannot
     // read back.
     QVERIFY(m_host->select(QStringLiteral("Sampler.opacity")));
-    auto* opacity = static_cast<SoSFFloat*>(m_host->model()->field(m_host->tree()->currentIndex()));
+    auto* opacity = static_cast<SoSFFloat*>(m_host->sceneModel()->field(m_host->tree()->currentIndex()));
     opacity->setValue(std::nanf(""));
     QVERIFY(!m_host->saveScene(path));
     QVERIFY2(m_host->lastError().contains(QStringLiteral("Cannot save \"%1\"").arg(path)),
@@ -259,7 +260,7 @@ void tst_HostHardening::saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack()
     QVERIFY2(m_host->lastError().contains(QLatin1String("would not read back")),
              qPrintable(m_host->lastError()));
     QCOMPARE(readFile(path), good);
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     // Nothing written aside is left behind.
     QCOMPARE(QDir(m_dir.path()).entryList({QStringLiteral("good.iv*")}, QDir::Files),
              QStringList{QStringLiteral("good.iv")});

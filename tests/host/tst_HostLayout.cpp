@@ -115,7 +115,7 @@ void tst_HostLayout::clickRow(const QModelIndex& index)
 
 QList<QPersistentModelIndex> tst_HostLayout::fieldRows()
 {
-    SceneModel* model = m_host->model();
+    SceneModel* model = m_host->sceneModel();
     m_host->tree()->expandAll();
     QList<QPersistentModelIndex> rows;
     QList<QModelIndex> pending{QModelIndex()};
@@ -257,7 +257,7 @@ void tst_HostLayout::editorsSitTogetherAtTheTopOfTheirDock()
     QDockWidget* editorDock = dock("KalFieldEditorDock");
     int checked = 0;
     for (const QPersistentModelIndex& row : fieldRows()) {
-        SoField* field = m_host->model()->field(row);
+        SoField* field = m_host->sceneModel()->field(row);
         // Lists fill their dock with their table; the rest stays compact.
         if (field->isOfType(SoMField::getClassTypeId()))
             continue;

@@ -75,12 +75,12 @@ void tst_HostListEditing::addEditAndUndoAString()
     const QStringList before = values(node->lines);
     QVERIFY(m_host->select(QStringLiteral("Sampler.lines")));
     processSensors();
-    QVERIFY(!m_host->isModified());
+    QVERIFY(!m_host->hasUnsavedChanges());
     clickCell(0);
     click("m_addButton");
     QCOMPARE(node->lines.getNum(), before.size() + 1);
     QCOMPARE(QString::fromUtf8(node->lines[1].getString()), QString());
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
 
     // Type into the new row.
     QVERIFY(typeIntoTableCell(table(), 1, 0, QStringLiteral("a new line")));
@@ -189,7 +189,7 @@ void tst_HostListEditing::numericEditsMarkTheSceneModified()
     processSensors();
     QCOMPARE(node->ramp[1], 0.75f);
     // Numeric lists write without a command, but the scene has changed.
-    QVERIFY(m_host->isModified());
+    QVERIFY(m_host->hasUnsavedChanges());
     QCOMPARE(KalServices::getInstance()->undoStack()->count(), 0);
 }
 

@@ -118,7 +118,7 @@ void tst_HostWindow::clickRow(const QModelIndex& index)
 
 void tst_HostWindow::selectingEveryFieldThroughTheTree()
 {
-    SceneModel* model = m_host->model();
+    SceneModel* model = m_host->sceneModel();
     m_host->tree()->expandAll();
     QList<QPersistentModelIndex> rows;
     collectFieldRows(model, QModelIndex(), &rows);
@@ -163,7 +163,7 @@ void tst_HostWindow::selectingANodeClearsTheField()
 
 SoNode* tst_HostWindow::gold() const
 {
-    return static_cast<SoNode*>(m_host->model()->container(m_host->model()->nodeIndex({4, 1})));
+    return static_cast<SoNode*>(m_host->sceneModel()->container(m_host->sceneModel()->nodeIndex({4, 1})));
 }
 
 void tst_HostWindow::commandTextsSayWhatChanged()
@@ -177,7 +177,7 @@ void tst_HostWindow::commandTextsSayWhatChanged()
     auto* undo = m_host->window()->findChild<QAction*>(QStringLiteral("UndoAction"));
     QVERIFY(undo && undo->isEnabled());
     undo->trigger();
-    auto* complexity = static_cast<SoNode*>(m_host->model()->container(m_host->tree()->currentIndex()));
+    auto* complexity = static_cast<SoNode*>(m_host->sceneModel()->container(m_host->tree()->currentIndex()));
     QCOMPARE(static_cast<SoSFFloat*>(complexity->getField("value"))->getValue(), 0.6f);
     m_host->window()->findChild<QAction*>(QStringLiteral("RedoAction"))->trigger();
     QCOMPARE(static_cast<SoSFFloat*>(complexity->getField("value"))->getValue(), 0.25f);
@@ -407,7 +407,7 @@ void tst_HostWindow::sensorsRunFromTheEventLoop()
     // sensors, and the editor and the tree follow.
     QTRY_COMPARE(edit->text(), QStringLiteral("0.375000"));
     const QModelIndex row = m_host->tree()->currentIndex().siblingAtColumn(SceneModel::ValueColumn);
-    QTRY_COMPARE(m_host->model()->data(row).toString(), QStringLiteral("0.375"));
+    QTRY_COMPARE(m_host->sceneModel()->data(row).toString(), QStringLiteral("0.375"));
 }
 
 void tst_HostWindow::samplerHasEveryEditedType()

@@ -141,13 +141,13 @@ void tst_SceneFilter::aMatchedNodeOpensToAllItsRows()
     const QModelIndex gold = shown(row(QStringLiteral("Gold")));
     // Matched by its own name: folded, with every field it has.
     QVERIFY(!tree->isExpanded(gold));
-    QCOMPARE(tree->model()->rowCount(gold), m_host->model()->rowCount(row(QStringLiteral("Gold"))));
+    QCOMPARE(tree->model()->rowCount(gold), m_host->sceneModel()->rowCount(row(QStringLiteral("Gold"))));
     tree->expand(gold);
     const QStringList rows = shownRows();
     for (const char* name :
          {"ambientColor", "diffuseColor", "specularColor", "emissiveColor", "shininess", "transparency"})
         QVERIFY2(rows.contains(QLatin1String(name)), name);
-    QCOMPARE(rows.size(), 3 + m_host->model()->rowCount(row(QStringLiteral("Gold"))));
+    QCOMPARE(rows.size(), 3 + m_host->sceneModel()->rowCount(row(QStringLiteral("Gold"))));
     clickRow(row(QStringLiteral("Gold.transparency")));
     QCOMPARE(m_host->tree()->currentIndex(), row(QStringLiteral("Gold.transparency")));
 }
@@ -160,7 +160,7 @@ void tst_SceneFilter::valuesFollowTheirFieldsWhileFiltered()
     const QModelIndex value = shown(field.siblingAtColumn(SceneModel::ValueColumn));
     QVERIFY(value.isValid());
     QSignalSpy changed(shownTree()->model(), &QAbstractItemModel::dataChanged);
-    auto* shininess = static_cast<SoMFFloat*>(m_host->model()->field(field));
+    auto* shininess = static_cast<SoMFFloat*>(m_host->sceneModel()->field(field));
     shininess->setValue(0.25f);
     QTRY_VERIFY(!changed.isEmpty());
     QCOMPARE(changed.last().at(0).toModelIndex(), value);

@@ -58,9 +58,9 @@ void tst_SceneFilterSelection::selectingAFilteredRowSelectsItsField()
     QVERIFY(!fields.isEmpty());
     SoField* field = fields.last().at(0).value<SoField*>();
     QVERIFY(field);
-    QCOMPARE(field, m_host->model()->field(shininess));
+    QCOMPARE(field, m_host->sceneModel()->field(shininess));
     QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(),
-             m_host->model()->container(row(QStringLiteral("Gold"))));
+             m_host->sceneModel()->container(row(QStringLiteral("Gold"))));
     auto* dock = m_host->window()->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
     QVERIFY(dock && !dock->isHidden());
     QCOMPARE(dock->widget()->objectName(), QStringLiteral("FxMFFloatWidget"));
@@ -68,7 +68,7 @@ void tst_SceneFilterSelection::selectingAFilteredRowSelectsItsField()
     // A node row as well.
     const QModelIndex stone = row(QStringLiteral("Stone"));
     clickRow(stone);
-    QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(), m_host->model()->container(stone));
+    QCOMPARE(nodes.last().at(0).value<SoFieldContainer*>(), m_host->sceneModel()->container(stone));
 }
 
 void tst_SceneFilterSelection::keysMoveOverShownRowsOnly()
@@ -98,7 +98,7 @@ void tst_SceneFilterSelection::downGoesFromTheBoxToTheRows()
     QTreeView* tree = shownTree();
     QCOMPARE(tree, box()->filteredTree());
     QVERIFY(tree->hasFocus());
-    QCOMPARE(sceneRow(tree->currentIndex()), m_host->model()->index(0, 0));
+    QCOMPARE(sceneRow(tree->currentIndex()), m_host->sceneModel()->index(0, 0));
     QTest::keyClick(tree, Qt::Key_Down);
     QTest::keyClick(tree, Qt::Key_Down);
     const QModelIndex sphere = sceneRow(tree->currentIndex());
@@ -119,13 +119,13 @@ void tst_SceneFilterSelection::aRowSelectedElsewhereIsSelectedInTheFilteredTree(
     QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.diffuseColor")));
     QCOMPARE(tree->selectionModel()->selectedRows().size(), 1);
     QCOMPARE(fields.last().at(0).value<SoField*>(),
-             m_host->model()->field(row(QStringLiteral("Gold.diffuseColor"))));
+             m_host->sceneModel()->field(row(QStringLiteral("Gold.diffuseColor"))));
 
     // A row the filter leaves out joins the filtered rows, in its place
     // among them, selected; the text and the other rows stay.
     QVERIFY(m_host->select(QStringLiteral("Gold.shininess")));
     QCOMPARE(fields.last().at(0).value<SoField*>(),
-             m_host->model()->field(row(QStringLiteral("Gold.shininess"))));
+             m_host->sceneModel()->field(row(QStringLiteral("Gold.shininess"))));
     QCOMPARE(shownTree(), tree);
     QCOMPARE(filter()->text(), QStringLiteral("diffuseColor"));
     QCOMPARE(sceneRow(tree->currentIndex()), row(QStringLiteral("Gold.shininess")));
@@ -197,7 +197,7 @@ void tst_SceneFilterSelection::rowsSelectedElsewhereJoinAConsistentModel()
         // Held across the rows that came in before it.
         QCOMPARE(sceneRow(goldShininess), row(QStringLiteral("Gold.shininess")));
     }
-    const QModelIndex root = m_host->model()->index(0, 0);
+    const QModelIndex root = m_host->sceneModel()->index(0, 0);
     QCOMPARE(model->reveal(root), model->index(0, 0));
     QVERIFY(!model->reveal(QModelIndex()).isValid());
     // Each pick came in by an insert of its own; the model was not reset.
@@ -215,7 +215,7 @@ void tst_SceneFilterSelection::rowsSelectedElsewhereJoinAConsistentModel()
     }
     // A value changing in a row that came in is repainted.
     QSignalSpy changed(model, &QAbstractItemModel::dataChanged);
-    SoField* shininess = m_host->model()->field(row(QStringLiteral("Gold.shininess")));
+    SoField* shininess = m_host->sceneModel()->field(row(QStringLiteral("Gold.shininess")));
     QVERIFY(shininess);
     shininess->set("0.25");
     QTRY_VERIFY(!changed.isEmpty());

@@ -172,7 +172,7 @@ void tst_SceneModel::valueTextsFollowTheFields()
     SceneModel model;
     model.setRoot(sampleScene());
     QString error;
-    const QModelIndex opacity = ScenePath::resolve(model, QStringLiteral("Sampler.opacity"), &error);
+    const QModelIndex opacity = ScenePath::find(model, QStringLiteral("Sampler.opacity"), &error);
     QVERIFY2(opacity.isValid(), qPrintable(error));
     const QModelIndex value = opacity.siblingAtColumn(SceneModel::ValueColumn);
     QCOMPARE(model.data(value).toString(), QStringLiteral("0.75"));
@@ -192,7 +192,7 @@ void tst_SceneModel::longListsAreSummarised()
     SceneModel model;
     model.setRoot(sampleScene());
     QString error;
-    const QModelIndex ramp = ScenePath::resolve(model, QStringLiteral("Sampler.ramp"), &error);
+    const QModelIndex ramp = ScenePath::find(model, QStringLiteral("Sampler.ramp"), &error);
     auto* sampler = static_cast<KalFieldSampler*>(model.container(ramp));
     std::vector<float> values(100000, 0.5f);
     sampler->ramp.setValues(0, int(values.size()), values.data());
@@ -206,12 +206,12 @@ void tst_SceneModel::pathsByNameAndByPlaces()
     SceneModel model;
     model.setRoot(sampleScene());
     QString error;
-    const QModelIndex byName = ScenePath::resolve(model, QStringLiteral("Stone.diffuseColor"), &error);
-    const QModelIndex byPlaces = ScenePath::resolve(model, QStringLiteral("/3/1.diffuseColor"), &error);
+    const QModelIndex byName = ScenePath::find(model, QStringLiteral("Stone.diffuseColor"), &error);
+    const QModelIndex byPlaces = ScenePath::find(model, QStringLiteral("/3/1.diffuseColor"), &error);
     QVERIFY(byName.isValid());
     QCOMPARE(byName, byPlaces);
-    QCOMPARE(ScenePath::resolve(model, QStringLiteral("/"), &error), model.index(0, 0));
-    QCOMPARE(model.data(ScenePath::resolve(model, QStringLiteral("Gold"), &error)).toString(),
+    QCOMPARE(ScenePath::find(model, QStringLiteral("/"), &error), model.index(0, 0));
+    QCOMPARE(model.data(ScenePath::find(model, QStringLiteral("Gold"), &error)).toString(),
              QStringLiteral("Gold"));
 }
 
@@ -220,14 +220,14 @@ void tst_SceneModel::unknownPathsSayWhy()
     SceneModel model;
     model.setRoot(sampleScene());
     QString error;
-    QVERIFY(!ScenePath::resolve(model, QStringLiteral("Nobody.value"), &error).isValid());
+    QVERIFY(!ScenePath::find(model, QStringLiteral("Nobody.value"), &error).isValid());
     QCOMPARE(error, QStringLiteral("The scene has no node \"Nobody\"."));
-    QVERIFY(!ScenePath::resolve(model, QStringLiteral("Stone.nothing"), &error).isValid());
+    QVERIFY(!ScenePath::find(model, QStringLiteral("Stone.nothing"), &error).isValid());
     QCOMPARE(error, QStringLiteral("The node \"Stone\" has no field \"nothing\"."));
-    QVERIFY(!ScenePath::resolve(model, QStringLiteral("/99/1"), &error).isValid());
-    QVERIFY(!ScenePath::resolve(model, QStringLiteral("/x"), &error).isValid());
+    QVERIFY(!ScenePath::find(model, QStringLiteral("/99/1"), &error).isValid());
+    QVERIFY(!ScenePath::find(model, QStringLiteral("/x"), &error).isValid());
     model.setRoot(nullptr);
-    QVERIFY(!ScenePath::resolve(model, QStringLiteral("Stone"), &error).isValid());
+    QVERIFY(!ScenePath::find(model, QStringLiteral("Stone"), &error).isValid());
 }
 
 void tst_SceneModel::numbersAreShownInTheirShortestForm_data()

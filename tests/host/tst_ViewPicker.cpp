@@ -68,7 +68,7 @@ void tst_ViewPicker::cleanup()
 QModelIndex tst_ViewPicker::row(const QString& path) const
 {
     QString error;
-    const QModelIndex index = ScenePath::resolve(*m_host->model(), path, &error);
+    const QModelIndex index = ScenePath::find(*m_host->sceneModel(), path, &error);
     if (!index.isValid())
         qWarning() << error;
     return index;
@@ -76,7 +76,7 @@ QModelIndex tst_ViewPicker::row(const QString& path) const
 
 SoNode* tst_ViewPicker::node(const QString& path) const
 {
-    return static_cast<SoNode*>(m_host->model()->container(row(path)));
+    return static_cast<SoNode*>(m_host->sceneModel()->container(row(path)));
 }
 
 QPoint tst_ViewPicker::drawnAt(SoNode* target) const
@@ -84,7 +84,7 @@ QPoint tst_ViewPicker::drawnAt(SoNode* target) const
     SoQtExaminerViewer* viewer = m_host->viewer();
     SoSearchAction search;
     search.setNode(target);
-    search.apply(m_host->model()->root());
+    search.apply(m_host->sceneModel()->root());
     if (!search.getPath())
         return QPoint(-1, -1);
     const SbViewportRegion& region = viewer->getViewportRegion();

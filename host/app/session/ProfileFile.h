@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -13,6 +14,8 @@ class KalExtension;
 // given, so the plug-ins are loaded first.
 class ProfileFile
 {
+    Q_DECLARE_TR_FUNCTIONS(ProfileFile)
+
 public:
     // Adds the file's profiles to the host. False, with the reasons (one a
     // line, each naming the file), when the file cannot be read or is not

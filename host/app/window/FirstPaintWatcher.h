@@ -8,6 +8,7 @@ class QWidget;
 class FirstPaintWatcher : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(FirstPaintWatcher)
 
 public:
     explicit FirstPaintWatcher(QWidget* window);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class SoSeparator;
@@ -8,6 +9,8 @@ class SoSeparator;
 // said in words that name the file and the reason.
 class SceneDocument
 {
+    Q_DECLARE_TR_FUNCTIONS(SceneDocument)
+
 public:
     // A new reference-free root (ref it), or null with the reason in *error.
     static SoSeparator* read(const QString& path, QString* error);

@@ -58,11 +58,6 @@ private:
 // Deeper scenes are written without indentation.
 constexpr int kMaxIndentedDepth = 100;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("SceneDocument", text);
-}
-
 SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error)
 {
     ReadErrorCollector errors;
@@ -71,15 +66,17 @@ SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error)
     LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
     if (!root) {
         const QString reason = errors.reason();
-        *error = reason.isEmpty()
-                     ? tr("Cannot read \"%1\": it is not a scene in a format this program knows.").arg(origin)
-                     : tr("Cannot read \"%1\": %2").arg(origin, reason);
+        *error =
+            reason.isEmpty()
+                ? SceneDocument::tr("Cannot read \"%1\": it is not a scene in a format this program knows.")
+                      .arg(origin)
+                : SceneDocument::tr("Cannot read \"%1\": %2").arg(origin, reason);
         return nullptr;
     }
     if (root->getNumChildren() == 0) {
         root->ref();
         root->unref();
-        *error = tr("Cannot read \"%1\": it holds no scene.").arg(origin);
+        *error = SceneDocument::tr("Cannot read \"%1\": it holds no scene.").arg(origin);
         return nullptr;
     }
     return root;

@@ -4,11 +4,6 @@
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("SceneTextCheck", text);
-}
-
 // Everything Coin's number reader gathers into its buffer before it looks at
 // what it has: digits, hexadecimal digits and the marks of signs, points,
 // exponents and "0x".

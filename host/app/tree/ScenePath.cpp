@@ -13,11 +13,6 @@
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("ScenePath", text);
-}
-
 // A name as an error message shows it: long ones are cut.
 QString shown(const QString& name)
 {
@@ -55,7 +50,7 @@ bool placesByNumbers(const QString& text, std::vector<int>* places)
 
 } // namespace
 
-QModelIndex ScenePath::resolve(const SceneModel& model, const QString& path, QString* error)
+QModelIndex ScenePath::find(const SceneModel& model, const QString& path, QString* error)
 {
     SoNode* root = model.root();
     if (!root) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QModelIndex>
 #include <QString>
 
@@ -11,11 +12,13 @@ class SceneModel;
 // or either without the field part for the node.
 class ScenePath
 {
+    Q_DECLARE_TR_FUNCTIONS(ScenePath)
+
 public:
     // Longer node or field names are refused before they reach Coin, whose
     // name table cannot take names of tens of thousands of characters. No
     // name a scene holds comes near it.
     static constexpr int kMaxNameLength = 1024;
 
-    static QModelIndex resolve(const SceneModel& model, const QString& path, QString* error);
+    static QModelIndex find(const SceneModel& model, const QString& path, QString* error);
 };

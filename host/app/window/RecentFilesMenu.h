@@ -10,6 +10,7 @@ class QMenu;
 class RecentFilesMenu : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(RecentFilesMenu)
 
 public:
     RecentFilesMenu(QMenu* menu, QObject* parent = nullptr);

@@ -1,39 +1,38 @@
 #pragma once
 
+#include "SceneSession.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
 
 #include <functional>
 
-class CommandNamer;
 class HostStatusBar;
 class KalPlugin;
-class KalProfile;
-class RecentFilesMenu;
-class SelectionCaption;
-class WindowLayout;
-class QAction;
+class ProfilesMenu;
 class QDockWidget;
 class QMainWindow;
 class QMenu;
 class QTreeView;
 class QUndoView;
 class QWidget;
+class RecentFilesMenu;
 class SceneModel;
-class SoField;
-class SoFieldContainer;
-class SoNode;
+class SelectionCaption;
 class SoQtExaminerViewer;
-class SoSeparator;
 class ViewPicker;
+class WindowLayout;
 
 // The host application's window: the scene tree, the 3D view, the undo
-// history, and the File, Edit and Profiles menus, around the main window
-// the plug-ins place their docks and toolbars in.
+// history, and the File, Edit, Profiles and View menus, around the main
+// window the plug-ins place their docks and toolbars in. The scene it shows
+// is a SceneSession's; its methods are what a script or a test does through
+// the menus.
 class KalHostWindow : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(KalHostWindow)
 
 public:
     struct Options
@@ -44,12 +43,13 @@ public:
         // The 3D view needs OpenGL; without it the centre shows a note.
         bool view = true;
     };
+    using FileQuestion = SceneSession::FileQuestion;
 
     explicit KalHostWindow(const Options& options, QObject* parent = nullptr);
     ~KalHostWindow() override;
 
     QMainWindow* window() const;
-    SceneModel* model() const;
+    SceneModel* sceneModel() const;
     QTreeView* tree() const;
     SoQtExaminerViewer* viewer() const;
 
@@ -57,7 +57,9 @@ public:
     bool openScene(const QString& path);
     bool saveScene(const QString& path);
     QString scenePath() const;
-    bool isModified() const;
+    bool hasUnsavedChanges() const;
+    void setDiscardQuestion(std::function<bool()> question);
+    void setFileQuestion(std::function<QString(FileQuestion question, const QString& startPath)> question);
 
     // Selects a row of the tree as a person would, from a path text (see
     // ScenePath).
@@ -71,8 +73,6 @@ public:
     // The window's shape as the last run left it, if it was saved; saved
     // again when the window closes.
     bool restoreLayout();
-    void saveLayout();
-    void resetLayout();
 
     // A plug-in was loaded (or not, and why): the status bar says so, and
     // the right column is made wide enough for the widest of its editors.
@@ -80,59 +80,33 @@ public:
 
     // Adds the Profiles menu entries for the profiles the host holds.
     void refreshProfilesMenu();
-    // The host's profiles changed (a profile file was read): the running
-    // extensions start again under the active profile, so that those that
-    // show the profiles (the plug-in's selector fills itself when it starts)
-    // list them, and the editors show the selection again.
+    // The host's profiles changed (a profile file was read): the extensions
+    // start again under the active profile and see the selection again.
     void profilesChanged();
 
+    // What went wrong last, as the person was told.
     QString lastError() const;
-
-    // Asked before unsaved changes are dropped: true goes on. The default
-    // asks the person in a message box.
-    void setDiscardQuestion(std::function<bool()> question);
-
-    // Asked for the file to open or to save the scene as; an empty answer
-    // cancels. The default asks the person in a file dialog.
-    enum class FileQuestion
-    {
-        Open,
-        SaveAs
-    };
-    void setFileQuestion(std::function<QString(FileQuestion question, const QString& startPath)> question);
 
 signals:
     void sceneReplaced();
 
-public slots:
-    bool save();
-    bool saveAs();
-    void open();
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-
-private slots:
-    void currentRowChanged();
-    void fieldChanged(SoField* field);
 
 private:
     void buildMenus();
     void buildDocks();
     void buildCentre();
-    void setScene(SoSeparator* root, const QString& path);
-    bool mayDiscard();
-    QString askForFile(FileQuestion question);
+    void connectSession();
+    void currentRowChanged();
+    void sceneShown();
     void fail(const QString& message);
     void refreshTitle();
-    void switchProfile(KalProfile* profile);
-    QString startDirectory() const;
-    void rememberDirectory(const QString& path);
 
     Options m_options;
     QMainWindow* m_window;
     SceneModel* m_model;
-    CommandNamer* m_namer;
+    SceneSession* m_session;
     QTreeView* m_tree = nullptr;
     QDockWidget* m_treeDock = nullptr;
     QDockWidget* m_historyDock = nullptr;
@@ -145,12 +119,6 @@ private:
     ViewPicker* m_picker = nullptr;
     QList<QMenu*> m_menus;
     RecentFilesMenu* m_recent = nullptr;
-    QMenu* m_profilesMenu = nullptr;
-    QString m_path;
+    ProfilesMenu* m_profiles = nullptr;
     QString m_lastError;
-    bool m_changedSinceSave = false;
-    SoFieldContainer* m_selectedNode = nullptr;
-    SoField* m_selectedField = nullptr;
-    std::function<bool()> m_discardQuestion;
-    std::function<QString(FileQuestion, const QString&)> m_fileQuestion;
 };

@@ -14,6 +14,7 @@ class SoNode;
 class HostStatusBar : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(HostStatusBar)
 
 public:
     explicit HostStatusBar(QMainWindow* window, QObject* parent = nullptr);

@@ -14,11 +14,13 @@ class SoNodeSensor;
 class SoSensor;
 
 // The scene graph as a tree: every node with its fields first, then its
-// children. Rows are made when a view first asks for them, so that a scene of
-// any size opens at once; value texts follow the fields as they change.
+// children, as SceneRows counts them. Rows are made when a view first asks
+// for them, so that a scene of any size opens at once; value texts follow
+// the fields as they change.
 class SceneModel : public QAbstractItemModel
 {
     Q_OBJECT
+    Q_DISABLE_COPY(SceneModel)
 
 public:
     enum Column
@@ -64,8 +66,6 @@ private:
     Item* itemOf(const QModelIndex& index) const;
     Item* childOf(Item* parent, int row) const;
     static void freeRows(std::unique_ptr<Item> top);
-    static int fieldCount(SoNode* node);
-    static int childNodeCount(SoNode* node);
     static void sceneChanged(void* data, SoSensor* sensor);
     void refreshChangedValues();
 

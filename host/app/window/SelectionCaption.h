@@ -12,6 +12,7 @@ class QDockWidget;
 class SelectionCaption : public QLabel
 {
     Q_OBJECT
+    Q_DISABLE_COPY(SelectionCaption)
 
 public:
     explicit SelectionCaption(QWidget* parent = nullptr);

@@ -3,6 +3,7 @@
 #include "SceneFilterModel.h"
 #include "SceneModel.h"
 #include "SceneSearch.h"
+#include "TreeSelection.h"
 
 #include <QAction>
 #include <QHeaderView>
@@ -198,14 +199,10 @@ void SceneFilterBox::filteredSelectionChanged()
 {
     if (m_mirroring)
         return;
-    const QModelIndexList rows = m_filteredTree->selectionModel()->selectedRows();
-    const QModelIndex row = rows.isEmpty() ? QModelIndex() : m_filtered->mapToSource(rows.first());
+    const QModelIndex row =
+        m_filtered->mapToSource(TreeSelection::selectedRow(m_filteredTree->selectionModel()));
     m_mirroring = true;
-    if (row.isValid())
-        m_tree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
-                                                           QItemSelectionModel::Rows);
-    else
-        m_tree->selectionModel()->clearSelection();
+    TreeSelection::selectRow(m_tree->selectionModel(), row);
     m_mirroring = false;
 }
 
@@ -213,17 +210,13 @@ void SceneFilterBox::followSceneSelection(bool reveal)
 {
     if (m_mirroring || m_trees->currentWidget() != m_filteredTree)
         return;
-    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
+    const QModelIndex selected = TreeSelection::selectedRow(m_tree->selectionModel());
     QModelIndex row;
-    if (!rows.isEmpty())
-        row = reveal ? m_filtered->reveal(rows.first()) : m_filtered->mapFromSource(rows.first());
+    if (selected.isValid())
+        row = reveal ? m_filtered->reveal(selected) : m_filtered->mapFromSource(selected);
     m_mirroring = true;
-    if (row.isValid()) {
-        m_filteredTree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
-                                                                   QItemSelectionModel::Rows);
+    TreeSelection::selectRow(m_filteredTree->selectionModel(), row);
+    if (row.isValid())
         m_filteredTree->scrollTo(row);
-    } else {
-        m_filteredTree->selectionModel()->clearSelection();
-    }
     m_mirroring = false;
 }

@@ -14,6 +14,7 @@ class KalHostWindow;
 class DemoTour : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(DemoTour)
 
 public:
     DemoTour(KalHostWindow* host, const QString& directory, QObject* parent = nullptr);

@@ -16,6 +16,7 @@ class QMainWindow;
 class WindowLayout : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(WindowLayout)
 
 public:
     WindowLayout(QMainWindow* window, QList<QDockWidget*> left, QDockWidget* right,

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QString>
 
 // What a scene file's text is checked for before Coin reads it: inputs that
 // make Coin's reader overrun a fixed buffer or its stack instead of failing.
 class SceneTextCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(SceneTextCheck)
+
 public:
     // A run of number characters longer than this is refused: Coin copies a
     // number into a fixed buffer on its stack without looking at its length.

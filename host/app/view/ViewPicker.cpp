@@ -1,6 +1,8 @@
 #include "ViewPicker.h"
 
 #include "SceneModel.h"
+#include "SceneRows.h"
+#include "TreeSelection.h"
 
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 #include <Inventor/SbXfBox3f.h>
@@ -9,7 +11,6 @@
 #include <Inventor/SoSceneManager.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/actions/SoRayPickAction.h>
-#include <Inventor/fields/SoFieldData.h>
 #include <Inventor/nodes/SoAnnotation.h>
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoCube.h>
@@ -28,16 +29,6 @@
 #include <QTreeView>
 
 #include <vector>
-
-namespace {
-
-int fieldCount(SoNode* node)
-{
-    const SoFieldData* data = node ? node->getFieldData() : nullptr;
-    return data ? data->getNumFields() : 0;
-}
-
-} // namespace
 
 ViewPicker::ViewPicker(SoQtExaminerViewer* viewer, QTreeView* tree, SceneModel* model, QObject* parent)
     : QObject(parent)
@@ -176,8 +167,7 @@ bool ViewPicker::pickAt(const QPoint& position)
     if (!row.isValid())
         return false;
     m_tree->scrollTo(row);
-    m_tree->selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect |
-                                                       QItemSelectionModel::Rows);
+    TreeSelection::selectRow(m_tree->selectionModel(), row);
     return true;
 }
 
@@ -188,7 +178,7 @@ SoPath* ViewPicker::pathOf(const QModelIndex& row) const
     std::vector<int> places;
     for (; node.parent().isValid(); node = node.parent()) {
         auto* parent = static_cast<SoNode*>(m_model->container(node.parent()));
-        places.push_back(node.row() - fieldCount(parent));
+        places.push_back(SceneRows::childPlace(parent, node.row()));
     }
     auto* path = new SoPath(m_model->root());
     for (auto place = places.rbegin(); place != places.rend(); ++place)
@@ -198,12 +188,12 @@ SoPath* ViewPicker::pathOf(const QModelIndex& row) const
 
 void ViewPicker::followSelection()
 {
-    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
-    if (rows.isEmpty() || !m_scene || m_scene != m_model->root()) {
+    const QModelIndex row = TreeSelection::selectedRow(m_tree->selectionModel());
+    if (!row.isValid() || !m_scene || m_scene != m_model->root()) {
         outline(nullptr);
         return;
     }
-    outline(pathOf(rows.first()));
+    outline(pathOf(row));
 }
 
 void ViewPicker::outline(SoPath* path)

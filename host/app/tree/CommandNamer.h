@@ -16,6 +16,7 @@ class QUndoStack;
 class CommandNamer : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(CommandNamer)
 
 public:
     CommandNamer(QUndoStack* stack, QObject* parent = nullptr);

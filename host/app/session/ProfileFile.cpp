@@ -16,11 +16,6 @@
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("ProfileFile", text);
-}
-
 bool isEditor(KalExtension* extension)
 {
     return qobject_cast<KalEditor*>(extension) != nullptr;
@@ -48,8 +43,9 @@ std::vector<KalExtension*> chosen(const std::vector<KalExtension*>& all, bool ed
             }
         }
         if (!found)
-            *warnings << tr("Profile \"%1\": no %2 is named \"%3\".")
-                             .arg(profile, editors ? tr("editor") : tr("extension"), name);
+            *warnings << ProfileFile::tr("Profile \"%1\": no %2 is named \"%3\".")
+                             .arg(profile, editors ? ProfileFile::tr("editor") : ProfileFile::tr("extension"),
+                                  name);
     }
     return picked;
 }
@@ -59,19 +55,19 @@ QString kindOf(const QJsonValue& value)
 {
     switch (value.type()) {
     case QJsonValue::Null:
-        return tr("null");
+        return ProfileFile::tr("null");
     case QJsonValue::Bool:
-        return tr("true or false");
+        return ProfileFile::tr("true or false");
     case QJsonValue::Double:
-        return tr("a number");
+        return ProfileFile::tr("a number");
     case QJsonValue::String:
-        return tr("the text \"%1\"").arg(value.toString());
+        return ProfileFile::tr("the text \"%1\"").arg(value.toString());
     case QJsonValue::Array:
-        return tr("a list");
+        return ProfileFile::tr("a list");
     case QJsonValue::Object:
-        return tr("an object");
+        return ProfileFile::tr("an object");
     default:
-        return tr("nothing");
+        return ProfileFile::tr("nothing");
     }
 }
 
@@ -84,14 +80,14 @@ void checkNames(const QJsonObject& description, const QString& key, const QStrin
     if (names.isUndefined() || names == QJsonValue(QStringLiteral("*")))
         return;
     if (!names.isArray()) {
-        *problems
-            << tr("%1: \"%2\" should be a list of names or \"*\", not %3.").arg(where, key, kindOf(names));
+        *problems << ProfileFile::tr("%1: \"%2\" should be a list of names or \"*\", not %3.")
+                         .arg(where, key, kindOf(names));
         return;
     }
     const QJsonArray list = names.toArray();
     for (int i = 0; i < list.size(); ++i) {
         if (!list.at(i).isString())
-            *problems << tr("%1: entry %2 of \"%3\" should be a name, not %4.")
+            *problems << ProfileFile::tr("%1: entry %2 of \"%3\" should be a name, not %4.")
                              .arg(where)
                              .arg(i + 1)
                              .arg(key, kindOf(list.at(i)));
@@ -105,36 +101,38 @@ QStringList problemsOf(const QJsonObject& top)
     QStringList problems;
     const QJsonValue profiles = top.value(QStringLiteral("profiles"));
     if (profiles.isUndefined()) {
-        problems << tr("there is no \"profiles\" list.");
+        problems << ProfileFile::tr("there is no \"profiles\" list.");
         return problems;
     }
     if (!profiles.isArray()) {
-        problems << tr("\"profiles\" should be a list of profiles, not %1.").arg(kindOf(profiles));
+        problems
+            << ProfileFile::tr("\"profiles\" should be a list of profiles, not %1.").arg(kindOf(profiles));
         return problems;
     }
     const QJsonValue active = top.value(QStringLiteral("active"));
     if (!active.isUndefined() && !active.isString())
-        problems << tr("\"active\" should be the name of a profile, not %1.").arg(kindOf(active));
+        problems
+            << ProfileFile::tr("\"active\" should be the name of a profile, not %1.").arg(kindOf(active));
     QStringList names;
     for (const KalProfile* held : KalPluginsManager::getInstance()->getProfilesList())
         names << QString::fromUtf8(held->getName().getString());
     const QJsonArray list = profiles.toArray();
     for (int i = 0; i < list.size(); ++i) {
-        QString where = tr("profile %1").arg(i + 1);
+        QString where = ProfileFile::tr("profile %1").arg(i + 1);
         if (!list.at(i).isObject()) {
-            problems << tr("%1 should be an object, not %2.").arg(where, kindOf(list.at(i)));
+            problems << ProfileFile::tr("%1 should be an object, not %2.").arg(where, kindOf(list.at(i)));
             continue;
         }
         const QJsonObject description = list.at(i).toObject();
         const QJsonValue name = description.value(QStringLiteral("name"));
         if (name.isUndefined()) {
-            problems << tr("%1 has no \"name\".").arg(where);
+            problems << ProfileFile::tr("%1 has no \"name\".").arg(where);
         } else if (!name.isString() || name.toString().isEmpty()) {
-            problems << tr("%1 should have a name, not %2.").arg(where, kindOf(name));
+            problems << ProfileFile::tr("%1 should have a name, not %2.").arg(where, kindOf(name));
         } else {
-            where = tr("profile %1 (\"%2\")").arg(i + 1).arg(name.toString());
+            where = ProfileFile::tr("profile %1 (\"%2\")").arg(i + 1).arg(name.toString());
             if (names.contains(name.toString()))
-                problems << tr("%1: there is already a profile of that name.").arg(where);
+                problems << ProfileFile::tr("%1: there is already a profile of that name.").arg(where);
             names << name.toString();
         }
         checkNames(description, QStringLiteral("extensions"), where, &problems);

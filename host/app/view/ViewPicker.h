@@ -32,6 +32,7 @@ class SoTranslation;
 class ViewPicker : public QObject
 {
     Q_OBJECT
+    Q_DISABLE_COPY(ViewPicker)
 
 public:
     // The picker is the viewer's event callback, so it lives as long as the

@@ -1,5 +1,7 @@
 #include "SceneSearch.h"
 
+#include "SceneRows.h"
+
 #include <Inventor/SbName.h>
 #include <Inventor/SoType.h>
 #include <Inventor/fields/SoField.h>
@@ -38,7 +40,8 @@ public:
         return known->second;
     }
 
-    // The indices of the node's fields whose name or type matches.
+    // The rows of the node's fields whose name or type matches: a field's
+    // row is its index among the fields (see SceneRows).
     const std::vector<int>& fieldMatches(SoNode* node)
     {
         const SoFieldData* data = node->getFieldData();
@@ -64,18 +67,11 @@ private:
     std::unordered_map<const SoFieldData*, std::vector<int>> m_fields;
 };
 
-int fieldCount(SoNode* node)
-{
-    const SoFieldData* data = node->getFieldData();
-    return data ? data->getNumFields() : 0;
-}
-
 // A node on the way down, with its entry among the rows.
 struct Frame
 {
     SoNode* node;
     int entry;
-    int fields;
     int nextChild;
     bool matched;
 };
@@ -101,7 +97,7 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         entry.keptRows = matcher.fieldMatches(node);
         result.matches += int(matched) + int(entry.keptRows.size());
         result.rows.push_back(std::move(entry));
-        stack.push_back({node, int(result.rows.size()) - 1, fieldCount(node), 0, matched});
+        stack.push_back({node, int(result.rows.size()) - 1, 0, matched});
     };
 
     enter(root, -1, 0);
@@ -111,7 +107,7 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         if (children && top.nextChild < children->getLength()) {
             const int place = top.nextChild++;
             const int parent = top.entry;
-            const int row = top.fields + place;
+            const int row = SceneRows::rowOfChild(top.node, place);
             enter((*children)[place], parent, row);
             continue;
         }

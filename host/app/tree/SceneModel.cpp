@@ -2,13 +2,12 @@
 
 #include "LargeStack.h"
 #include "RoundTripText.h"
+#include "SceneRows.h"
 
 #include <Inventor/SbName.h>
 #include <Inventor/SbString.h>
 #include <Inventor/fields/SoField.h>
-#include <Inventor/fields/SoFieldData.h>
 #include <Inventor/fields/SoMField.h>
-#include <Inventor/misc/SoChildList.h>
 #include <Inventor/nodes/SoNode.h>
 #include <Inventor/sensors/SoNodeSensor.h>
 
@@ -125,18 +124,6 @@ SceneModel::Item* SceneModel::itemOf(const QModelIndex& index) const
     return index.isValid() ? static_cast<Item*>(index.internalPointer()) : m_top.get();
 }
 
-int SceneModel::fieldCount(SoNode* node)
-{
-    const SoFieldData* data = node ? node->getFieldData() : nullptr;
-    return data ? data->getNumFields() : 0;
-}
-
-int SceneModel::childNodeCount(SoNode* node)
-{
-    SoChildList* children = node ? node->getChildren() : nullptr;
-    return children ? children->getLength() : 0;
-}
-
 SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
 {
     if (!parent->sized) {
@@ -144,7 +131,7 @@ SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
         if (parent == m_top.get())
             parent->children.resize(m_root ? 1 : 0);
         else if (parent->node)
-            parent->children.resize(size_t(fieldCount(parent->node) + childNodeCount(parent->node)));
+            parent->children.resize(size_t(SceneRows::count(parent->node)));
     }
     if (row < 0 || size_t(row) >= parent->children.size())
         return nullptr;
@@ -156,13 +143,11 @@ SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
         if (parent == m_top.get()) {
             slot->node = m_root;
         } else {
-            const int fields = fieldCount(parent->node);
-            if (row < fields) {
-                slot->field = parent->node->getFieldData()->getField(parent->node, row);
+            slot->field = SceneRows::fieldAt(parent->node, row);
+            if (slot->field)
                 m_fieldRows.insert(slot->field, slot.get());
-            } else {
-                slot->node = (*parent->node->getChildren())[row - fields];
-            }
+            else
+                slot->node = SceneRows::childAt(parent->node, row);
         }
     }
     return slot.get();
@@ -189,7 +174,7 @@ QModelIndex SceneModel::nodeIndex(const std::vector<int>& childPlaces) const
         Item* item = itemOf(current);
         if (!current.isValid() || !item->node)
             return QModelIndex();
-        current = index(fieldCount(item->node) + place, 0, current);
+        current = index(SceneRows::rowOfChild(item->node, place), 0, current);
     }
     return current;
 }
@@ -199,12 +184,8 @@ QModelIndex SceneModel::fieldIndex(const QModelIndex& nodeRow, SoField* wanted) 
     Item* item = nodeRow.isValid() ? itemOf(nodeRow) : nullptr;
     if (!item || !item->node || !wanted)
         return QModelIndex();
-    const SoFieldData* data = item->node->getFieldData();
-    for (int i = 0; data && i < data->getNumFields(); ++i) {
-        if (data->getField(item->node, i) == wanted)
-            return index(i, 0, nodeRow);
-    }
-    return QModelIndex();
+    const int row = SceneRows::rowOfField(item->node, wanted);
+    return row < 0 ? QModelIndex() : index(row, 0, nodeRow);
 }
 
 QModelIndex SceneModel::index(int row, int column, const QModelIndex& parent) const
@@ -233,7 +214,7 @@ int SceneModel::rowCount(const QModelIndex& parent) const
     Item* item = itemOf(parent);
     if (item == m_top.get())
         return m_root ? 1 : 0;
-    return item->node ? fieldCount(item->node) + childNodeCount(item->node) : 0;
+    return SceneRows::count(item->node);
 }
 
 int SceneModel::columnCount(const QModelIndex&) const

@@ -1,0 +1,230 @@
+#include "SceneSession.h"
+
+#include "CommandNamer.h"
+#include "SceneDocument.h"
+#include "SceneModel.h"
+
+#include <KalServices.h>
+
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QSettings>
+#include <QUndoStack>
+
+static void initHostResources()
+{
+    Q_INIT_RESOURCE(kalhost);
+}
+
+namespace {
+const char* const kDirectoryKey = "lastDirectory";
+const char* const kSampleOrigin = "built-in sample scene";
+
+QString sceneFilter()
+{
+    return QObject::tr("Scenes (*.iv *.ivx);;All files (*)");
+}
+} // namespace
+
+SceneSession::SceneSession(SceneModel* model, QWidget* window, bool interactive, QObject* parent)
+    : QObject(parent)
+    , m_model(model)
+    , m_namer(new CommandNamer(KalServices::getInstance()->undoStack(), this))
+    , m_window(window)
+    , m_interactive(interactive)
+{
+    initHostResources();
+    connect(m_model, &SceneModel::fieldChanged, this, &SceneSession::fieldChanged);
+    connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
+    connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
+            &CommandNamer::noteSelection);
+}
+
+QString SceneSession::scenePath() const
+{
+    return m_path;
+}
+
+bool SceneSession::hasUnsavedChanges() const
+{
+    return m_changedSinceSave;
+}
+
+void SceneSession::setDiscardQuestion(std::function<bool()> question)
+{
+    m_discardQuestion = std::move(question);
+}
+
+void SceneSession::setFileQuestion(std::function<QString(FileQuestion, const QString&)> question)
+{
+    m_fileQuestion = std::move(question);
+}
+
+void SceneSession::openSample()
+{
+    QFile sample(QStringLiteral(":/scenes/sample.iv"));
+    QString error;
+    SoSeparator* root =
+        sample.open(QIODevice::ReadOnly)
+            ? SceneDocument::readBuffer(sample.readAll(), QLatin1String(kSampleOrigin), &error)
+            : nullptr;
+    if (!root) {
+        emit failed(error.isEmpty() ? tr("The built-in sample scene is missing.") : error);
+        return;
+    }
+    setScene(root, QString());
+}
+
+bool SceneSession::openScene(const QString& path)
+{
+    QString error;
+    QElapsedTimer timer;
+    timer.start();
+    SoSeparator* root = SceneDocument::read(path, &error);
+    if (!root) {
+        // The scene that was open stays open.
+        emit failed(error);
+        return false;
+    }
+    setScene(root, QFileInfo(path).absoluteFilePath());
+    emit opened(path, timer.elapsed());
+    rememberDirectory(path);
+    return true;
+}
+
+void SceneSession::setScene(SoSeparator* root, const QString& path)
+{
+    root->ref();
+    // Commands hold raw field pointers and editors watch fields: both let
+    // go of the old scene before it can be freed.
+    emit replacing();
+    letGoOfScene();
+    emit arriving(root);
+    m_model->setRoot(root);
+    root->unrefNoDelete();
+    m_path = path;
+    m_changedSinceSave = false;
+    KalServices::getInstance()->undoStack()->setClean();
+    emit replaced();
+}
+
+void SceneSession::letGoOfScene()
+{
+    KalServices* services = KalServices::getInstance();
+    emit services->selectedFieldChanged(nullptr);
+    emit services->selectedNodeChanged(nullptr);
+    m_selectedField = nullptr;
+    m_selectedNode = nullptr;
+    services->clearHistory();
+    m_namer->reset();
+}
+
+bool SceneSession::saveScene(const QString& path)
+{
+    QString error;
+    QElapsedTimer timer;
+    timer.start();
+    if (!SceneDocument::write(static_cast<SoSeparator*>(m_model->root()), path, &error)) {
+        emit failed(error);
+        return false;
+    }
+    const qint64 milliseconds = timer.elapsed();
+    rememberDirectory(path);
+    m_path = QFileInfo(path).absoluteFilePath();
+    m_changedSinceSave = false;
+    KalServices::getInstance()->undoStack()->setClean();
+    emit saved(path, milliseconds);
+    emit documentChanged();
+    return true;
+}
+
+bool SceneSession::save()
+{
+    return m_path.isEmpty() ? saveAs() : saveScene(m_path);
+}
+
+bool SceneSession::saveAs()
+{
+    const QString path = askForFile(FileQuestion::SaveAs);
+    return !path.isEmpty() && saveScene(path);
+}
+
+void SceneSession::open()
+{
+    if (!mayDiscard())
+        return;
+    const QString path = askForFile(FileQuestion::Open);
+    if (!path.isEmpty())
+        openScene(path);
+}
+
+QString SceneSession::askForFile(FileQuestion question)
+{
+    const QString start = m_path.isEmpty() ? startDirectory() : m_path;
+    if (m_fileQuestion)
+        return m_fileQuestion(question, start);
+    if (question == FileQuestion::Open)
+        return QFileDialog::getOpenFileName(m_window, tr("Open Scene"), start, sceneFilter());
+    return QFileDialog::getSaveFileName(m_window, tr("Save Scene"), start, sceneFilter());
+}
+
+QString SceneSession::startDirectory() const
+{
+    const QString remembered = QSettings().value(QLatin1String(kDirectoryKey)).toString();
+    return !remembered.isEmpty() && QFileInfo(remembered).isDir() ? remembered : QDir::homePath();
+}
+
+void SceneSession::rememberDirectory(const QString& path)
+{
+    QSettings().setValue(QLatin1String(kDirectoryKey), QFileInfo(path).absolutePath());
+}
+
+bool SceneSession::mayDiscard()
+{
+    if (!m_changedSinceSave)
+        return true;
+    if (m_discardQuestion)
+        return m_discardQuestion();
+    if (!m_interactive)
+        return true;
+    const auto answer = QMessageBox::question(
+        m_window, tr("Kalibra"), tr("The scene has unsaved changes. Save them first?"),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return save();
+    return answer == QMessageBox::Discard;
+}
+
+void SceneSession::announceSelection(SoFieldContainer* node, SoField* field)
+{
+    KalServices* services = KalServices::getInstance();
+    if (node != m_selectedNode) {
+        m_selectedNode = node;
+        emit services->selectedNodeChanged(node);
+    }
+    if (field != m_selectedField || field) {
+        m_selectedField = field;
+        emit services->selectedFieldChanged(field);
+    }
+}
+
+void SceneSession::announceSelectionAgain()
+{
+    KalServices* services = KalServices::getInstance();
+    emit services->selectedNodeChanged(m_selectedNode);
+    emit services->selectedFieldChanged(m_selectedField);
+}
+
+void SceneSession::fieldChanged(SoField*)
+{
+    if (!m_changedSinceSave) {
+        m_changedSinceSave = true;
+        emit documentChanged();
+    }
+}

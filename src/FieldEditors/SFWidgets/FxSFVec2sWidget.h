@@ -1,19 +1,13 @@
 #pragma once
 
-#include "FxSF2iSpinBox.h"
-
-#include <Inventor/fields/SoSFVec2s.h>
+#include "FxSFVec2iWidget.h"
 
 // Editor of SoSFVec2s fields, limited to 16 bits.
-class FxSFVec2sWidget : public FxSF2iSpinBox
+class FxSFVec2sWidget : public FxSFVec2iWidget<SoSFVec2s>
 {
     Q_OBJECT
     Q_DISABLE_COPY(FxSFVec2sWidget)
 
 public:
     explicit FxSFVec2sWidget(const char* name = nullptr);
-
-    void createWidget() override;
-    void updateWidget() override;
-    void applyChanges() override;
 };

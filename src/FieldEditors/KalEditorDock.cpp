@@ -3,17 +3,36 @@
 #include "KalEditorChoice.h"
 
 #include <KalEditor.h>
+#include <KalServices.h>
 #include <KalShell.h>
 #include <SoTypedObject.h>
 
 #include <QDockWidget>
 
-KalEditorDock::KalEditorDock(const char* dockName, const char* dockDescription)
+KalEditorDock::KalEditorDock(const char* dockName, const char* dockDescription, const char* signal,
+                             const char* slot)
+    : selectionSignal(signal)
+    , selectionSlot(slot)
 {
     author = "Quelvo";
     description = dockDescription;
     version = "1.0.0";
     name = dockName;
+}
+
+void KalEditorDock::activate()
+{
+    KalExtension::activate();
+    connect(KalServices::getInstance(), selectionSignal, this, selectionSlot);
+    dockIn();
+}
+
+void KalEditorDock::deactivate()
+{
+    takeEditorOut();
+    KalExtension::deactivate();
+    disconnect(KalServices::getInstance(), selectionSignal, this, selectionSlot);
+    dockOut();
 }
 
 KalEditorDock::~KalEditorDock()

@@ -1,12 +1,12 @@
 #include "KalFieldEditorDockWin.h"
 
-#include <KalServices.h>
 #include <SoTypedObject.h>
 
 #include <Inventor/fields/SoField.h>
 
 KalFieldEditorDockWin::KalFieldEditorDockWin()
-    : KalEditorDock("Field Editor", "Field Editor for Kalibra.")
+    : KalEditorDock("Field Editor", "Field Editor for Kalibra.", SIGNAL(selectedFieldChanged(SoField*)),
+                    SLOT(s_selectedFieldChanged(SoField*)))
 {}
 
 KalFieldEditorDockWin::~KalFieldEditorDockWin() = default;
@@ -14,23 +14,6 @@ KalFieldEditorDockWin::~KalFieldEditorDockWin() = default;
 void KalFieldEditorDockWin::createWidget()
 {
     createDock(QStringLiteral("KalFieldEditorDock"), tr("Field Editor"));
-}
-
-void KalFieldEditorDockWin::activate()
-{
-    KalExtension::activate();
-    connect(KalServices::getInstance(), SIGNAL(selectedFieldChanged(SoField*)), this,
-            SLOT(s_selectedFieldChanged(SoField*)));
-    dockIn();
-}
-
-void KalFieldEditorDockWin::deactivate()
-{
-    takeEditorOut();
-    KalExtension::deactivate();
-    disconnect(KalServices::getInstance(), SIGNAL(selectedFieldChanged(SoField*)), this,
-               SLOT(s_selectedFieldChanged(SoField*)));
-    dockOut();
 }
 
 void KalFieldEditorDockWin::s_selectedFieldChanged(SoField* field)

@@ -15,8 +15,6 @@ public:
     KalFieldEditorDockWin();
     ~KalFieldEditorDockWin() override;
 
-    void activate() override;
-    void deactivate() override;
     void createWidget() override;
 
 public slots:

@@ -16,8 +16,6 @@ public:
     KalNodeEditor();
     ~KalNodeEditor() override;
 
-    void activate() override;
-    void deactivate() override;
     void createWidget() override;
 
 public slots:

@@ -35,4 +35,15 @@ inline void moveHeld(QSlider* slider, const QPoint& to)
     QApplication::sendEvent(slider, &move);
 }
 
+// A user's drag: press on the handle, move with the button held by each
+// offset in turn, release at the last.
+inline void drag(QSlider* slider, const QList<int>& offsets)
+{
+    const QPoint start = handleCentre(slider);
+    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, start);
+    for (int dx : offsets)
+        moveHeld(slider, start + QPoint(dx, 0));
+    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, start + QPoint(offsets.last(), 0));
+}
+
 } // namespace SliderDrag

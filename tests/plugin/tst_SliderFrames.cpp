@@ -1,5 +1,5 @@
-// The slider frames: value and position mapping, spans, number bases, and
-// when they tell their owning editor, driven through their real widgets.
+// The slider frames' numbers: value and position mapping, spans, number
+// bases and validators, driven through their real widgets.
 #include <FxIntSlider.h>
 #include <FxRealSlider.h>
 #include <FxUIntSlider.h>
@@ -9,68 +9,19 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QSlider>
-#include <QStyle>
-#include <QStyleOptionSlider>
 #include <QtTest>
 
+#include "FieldTesting.h"
 #include "SliderDrag.h"
+#include "SliderFrameTest.h"
 
 #include <memory>
 
 namespace {
-
-using SliderDrag::handleCentre;
-using SliderDrag::moveHeld;
-
-// An owner that writes down what the frame asked of it.
-class OwnerProbe : public KalFieldEditors
-{
-public:
-    void updateWidget() override {}
-    void setRefreshEnabled(bool enabled) override
-    {
-        calls << (enabled ? QStringLiteral("refresh true") : QStringLiteral("refresh false"));
-    }
-    void swapValues(int, int) override {}
-    void cellOperation(int, int) override {}
-    void setValueFromText(int row, int column, QString text) override
-    {
-        calls << QStringLiteral("text %1 %2 %3").arg(row).arg(column).arg(text);
-    }
-    void setValueAt(int, const void*) override {}
-    void applyChanges() override
-    {
-        calls << QStringLiteral("apply");
-        if (real)
-            applied << real->getValue();
-    }
-
-    QStringList calls;
-    QList<double> applied;
-    FxRealSlider* real = nullptr;
-};
-
-void typeInto(QLineEdit* edit, const QString& text)
-{
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClicks(edit, text);
-    QTest::keyClick(edit, Qt::Key_Return);
-}
-
-// A user's drag: press on the handle, move with the button held, release.
-void drag(QSlider* slider, const QList<int>& offsets)
-{
-    const QPoint start = handleCentre(slider);
-    QTest::mousePress(slider, Qt::LeftButton, Qt::NoModifier, start);
-    for (int dx : offsets)
-        moveHeld(slider, start + QPoint(dx, 0));
-    QTest::mouseRelease(slider, Qt::LeftButton, Qt::NoModifier, start + QPoint(offsets.last(), 0));
-}
-
+using SliderDrag::drag;
 } // namespace
 
-class tst_SliderFrames : public QObject
+class tst_SliderFrames : public SliderFrameTest
 {
     Q_OBJECT
 
@@ -94,26 +45,11 @@ private slots:
     void uintLimits();
     void uintBoundedNarrowsOnlyTypeLimits();
     void uintMapping();
-    void dragWritesWhileChecked();
-    void dragWritesOnReleaseWhenCleared();
-    void tableModeSendsTheCellText();
-    void previousValueTextAtDragStart();
-    void typedValueRemembersThePreviousOne();
-    void returnThenLeavingWritesOnce();
-    void unmodifiedEditDoesNothing();
-    void noOwnerIsHarmless();
-
-private:
-    std::unique_ptr<QWidget> m_window;
-    std::unique_ptr<OwnerProbe> m_owner;
 };
 
 void tst_SliderFrames::init()
 {
-    m_window = std::make_unique<QWidget>();
-    m_window->resize(400, 60);
-    new QHBoxLayout(m_window.get());
-    m_owner = std::make_unique<OwnerProbe>();
+    makeWindow();
 }
 
 void tst_SliderFrames::construction_data()
@@ -201,14 +137,14 @@ void tst_SliderFrames::realUnboundedTextMovesTheSpan()
     FxRealSlider& frame = *m_owner->real;
     m_window->show();
     frame.setRange(0.0, 10.0, false);
-    typeInto(frame.getLineEdit(), QStringLiteral("25"));
+    typeIntoLine(frame.getLineEdit(), QStringLiteral("25"));
     QCOMPARE(frame.maximum(), 25.0);
     QCOMPARE(frame.minimum(), 0.0);
     QCOMPARE(frame.getValue(), 25.0);
     QCOMPARE(frame.getSlider()->minimum(), 0);
     QCOMPARE(frame.getSlider()->maximum(), 100);
     QCOMPARE(frame.getSlider()->value(), 100);
-    typeInto(frame.getLineEdit(), QStringLiteral("-5"));
+    typeIntoLine(frame.getLineEdit(), QStringLiteral("-5"));
     QCOMPARE(frame.minimum(), -5.0);
     QCOMPARE(frame.maximum(), 25.0);
     QCOMPARE(frame.getSlider()->value(), 0);
@@ -387,130 +323,6 @@ void tst_SliderFrames::uintMapping()
     frame.setRange(0, 100, false);
     frame.setPosition(FxUIntSlider::positionOf(42));
     QCOMPARE(frame.getValue(), 42u);
-}
-
-void tst_SliderFrames::dragWritesWhileChecked()
-{
-    m_owner->real = new FxRealSlider(0, m_owner.get(), m_window.get(), true, 0, 1);
-    FxRealSlider& frame = *m_owner->real;
-    m_window->layout()->addWidget(&frame);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    frame.setRange(0.0, 10.0, false);
-    frame.setValue(5.0);
-    QVERIFY(frame.getCheckBox()->isChecked());
-
-    drag(frame.getSlider(), {20, 40});
-    // One write per move, and one more on release.
-    QCOMPARE(m_owner->calls.count(QStringLiteral("apply")), 3);
-    QVERIFY(m_owner->applied.at(0) > 5.0);
-    QVERIFY(m_owner->applied.at(1) > m_owner->applied.at(0));
-    QCOMPARE(m_owner->applied.last(), frame.getValue());
-    QCOMPARE(frame.getLineEdit()->text(), frame.format(frame.getValue()));
-}
-
-void tst_SliderFrames::dragWritesOnReleaseWhenCleared()
-{
-    m_owner->real = new FxRealSlider(0, m_owner.get(), m_window.get(), true, 0, 1);
-    FxRealSlider& frame = *m_owner->real;
-    m_window->layout()->addWidget(&frame);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
-    frame.setRange(0.0, 10.0, false);
-    frame.setValue(5.0);
-    QTest::mouseClick(frame.getCheckBox(), Qt::LeftButton);
-    QVERIFY(!frame.getCheckBox()->isChecked());
-
-    const QPoint start = handleCentre(frame.getSlider());
-    QTest::mousePress(frame.getSlider(), Qt::LeftButton, Qt::NoModifier, start);
-    moveHeld(frame.getSlider(), start + QPoint(30, 0));
-    // The line edit follows the drag, the field does not.
-    QVERIFY(frame.getValue() > 5.0);
-    QCOMPARE(frame.getLineEdit()->text(), frame.format(frame.getValue()));
-    QVERIFY(m_owner->calls.isEmpty());
-    QTest::mouseRelease(frame.getSlider(), Qt::LeftButton, Qt::NoModifier, start + QPoint(30, 0));
-    QCOMPARE(m_owner->calls, QStringList{"apply"});
-    QCOMPARE(m_owner->applied.last(), frame.getValue());
-}
-
-void tst_SliderFrames::tableModeSendsTheCellText()
-{
-    FxIntSlider frame(1, 1, m_owner.get(), m_window.get(), 4, 2);
-    frame.setRange(0, 100, false);
-    frame.setValueText(QStringLiteral("0x10"));
-    m_window->show();
-    typeInto(frame.getLineEdit(), QStringLiteral("1f"));
-    QCOMPARE(m_owner->calls, (QStringList{"refresh false", "text 4 2 0x1f", "refresh true"}));
-}
-
-void tst_SliderFrames::previousValueTextAtDragStart()
-{
-    FxRealSlider real(0, m_owner.get(), m_window.get(), true, 0, 1);
-    real.setRange(0.0, 10.0, false);
-    real.setValue(2.5);
-    real.beginCallback();
-    QCOMPARE(QString::fromLatin1(real.previousValueText().getString()), QStringLiteral("2.500000"));
-
-    FxIntSlider ints(1, 0, m_owner.get(), m_window.get(), 0, 1);
-    ints.setRange(0, 100, false);
-    ints.setValueText(QStringLiteral("0x1f"));
-    ints.beginCallback();
-    QCOMPARE(QString::fromLatin1(ints.previousValueText().getString()), QStringLiteral("1f"));
-
-    FxUIntSlider uints(2, 0, m_owner.get(), m_window.get(), 0, 1);
-    uints.setRange(0, 100, false);
-    uints.setValueText(QStringLiteral("0x1f"));
-    uints.beginCallback();
-    QCOMPARE(QString::fromLatin1(uints.previousValueText().getString()), QStringLiteral("0x1f"));
-}
-
-void tst_SliderFrames::typedValueRemembersThePreviousOne()
-{
-    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
-    m_window->show();
-    frame.setRange(0.0, 10.0, false);
-    frame.setValue(1.5);
-    typeInto(frame.getLineEdit(), QStringLiteral("4"));
-    QCOMPARE(QString::fromLatin1(frame.previousValueText().getString()), QStringLiteral("1.500000"));
-    QCOMPARE(frame.getValue(), 4.0);
-
-    // An unsigned frame remembers the value it had, not the text just typed.
-    FxUIntSlider uints(2, 0, m_owner.get(), m_window.get(), 0, 1);
-    uints.setRange(0, 100, false);
-    uints.setValueText(QStringLiteral("0x1f"));
-    typeInto(uints.getLineEdit(), QStringLiteral("20"));
-    QCOMPARE(QString::fromLatin1(uints.previousValueText().getString()), QStringLiteral("0x1f"));
-    QCOMPARE(uints.getValue(), 32u);
-}
-
-void tst_SliderFrames::returnThenLeavingWritesOnce()
-{
-    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
-    m_window->show();
-    frame.setRange(0.0, 10.0, false);
-    typeInto(frame.getLineEdit(), QStringLiteral("3"));
-    QMetaObject::invokeMethod(frame.getLineEdit(), "editingFinished");
-    QCOMPARE(m_owner->calls, QStringList{"apply"});
-}
-
-void tst_SliderFrames::unmodifiedEditDoesNothing()
-{
-    FxRealSlider frame(0, m_owner.get(), m_window.get(), true, 0, 1);
-    frame.setRange(0.0, 10.0, false);
-    frame.setValue(3.0);
-    frame.changeValueFromEdit();
-    QMetaObject::invokeMethod(frame.getLineEdit(), "returnPressed");
-    QVERIFY(m_owner->calls.isEmpty());
-    QCOMPARE(frame.getValue(), 3.0);
-}
-
-void tst_SliderFrames::noOwnerIsHarmless()
-{
-    FxUIntSlider frame(2, 0, nullptr, m_window.get(), 0, 1);
-    frame.setRange(0, 100, false);
-    frame.getSlider()->setValue(FxUIntSlider::positionOf(7));
-    frame.finishCallback();
-    QCOMPARE(frame.getValue(), 7u);
 }
 
 QTEST_MAIN(tst_SliderFrames)

@@ -4,9 +4,9 @@ class SoField;
 class SoNode;
 
 // The rows the scene tree gives a node: its fields first, in the order of
-// its field data (a field's row is its index there), then its children. The model, the search and the view's
-// picker all count rows through here, so that the order is decided in one
-// place. A null node has no rows.
+// its field data (a field's row is its index there), then its children.
+// The model, the search and the view's picker all count rows through here,
+// so that the order is decided in one place. A null node has no rows.
 class SceneRows
 {
 public:

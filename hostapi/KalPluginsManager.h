@@ -4,6 +4,7 @@
 
 #include <list>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 class KalExtension;
@@ -58,6 +59,9 @@ private:
     std::list<KalProfile*> m_profiles;
     // Profiles that exist but are not listed; owned like the listed ones.
     std::list<KalProfile*> m_unlistedProfiles;
+    // Every profile of both lists, so that adding one of tens of thousands
+    // does not search the lists.
+    std::unordered_set<KalProfile*> m_heldProfiles;
     KalProfile* m_activeProfile = nullptr;
     KalProfile* m_defaultProfile = nullptr;
     QString m_lastError;

@@ -9,6 +9,7 @@ void KalHostTesting::activateUnlistedProfile(KalProfile* profile)
     if (!profile || manager->isKnownProfile(profile))
         return;
     manager->m_unlistedProfiles.push_back(profile);
+    manager->m_heldProfiles.insert(profile);
     manager->applyProfile(profile);
 }
 

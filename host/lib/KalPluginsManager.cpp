@@ -76,14 +76,12 @@ KalProfile* KalPluginsManager::getActiveProfile() const
 
 bool KalPluginsManager::isKnownProfile(KalProfile* profile) const
 {
-    return std::find(m_profiles.begin(), m_profiles.end(), profile) != m_profiles.end() ||
-           std::find(m_unlistedProfiles.begin(), m_unlistedProfiles.end(), profile) !=
-               m_unlistedProfiles.end();
+    return m_heldProfiles.count(profile) != 0;
 }
 
 void KalPluginsManager::addProfile(KalProfile* profile)
 {
-    if (!profile || isKnownProfile(profile))
+    if (!profile || !m_heldProfiles.insert(profile).second)
         return;
     m_profiles.push_back(profile);
 }
@@ -153,6 +151,7 @@ void KalPluginsManager::makeDefaultProfile()
 {
     auto* profile = new KalProfile("Default");
     m_profiles.push_back(profile);
+    m_heldProfiles.insert(profile);
     m_defaultProfile = profile;
 }
 
@@ -285,4 +284,5 @@ void KalPluginsManager::unloadAll()
     for (KalProfile* profile : m_unlistedProfiles)
         delete profile;
     m_unlistedProfiles.clear();
+    m_heldProfiles.clear();
 }

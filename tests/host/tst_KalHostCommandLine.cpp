@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace {
 
 using Run = KalHostRun;
@@ -94,7 +96,15 @@ void tst_KalHostCommandLine::unusableProfilesEndTheRun_data()
     QTest::newRow("missing") << "missing.json" << QByteArray() << QString()
                              << QStringList{QStringLiteral("Cannot open the profile file")};
     QTest::newRow("a folder") << "folder.json" << QByteArray() << QString()
-                              << QStringList{QStringLiteral("Cannot open the profile file")};
+                              << QStringList{QStringLiteral("is not a regular file")};
+    // A device that never ends was read until memory ran out, and a pipe
+    // with no writer blocked the start for good.
+    QTest::newRow("a device") << "/dev/zero" << QByteArray() << QString()
+                              << QStringList{QStringLiteral("is not a regular file")};
+    QTest::newRow("a pipe") << "pipe.json" << QByteArray() << QString()
+                            << QStringList{QStringLiteral("is not a regular file")};
+    QTest::newRow("too large") << "large.json" << QByteArray() << QString()
+                               << QStringList{QStringLiteral("is larger than 64 MiB")};
     QTest::newRow("broken JSON") << "broken.json" << QByteArray("{ \"profiles\": [ ") << QString()
                                  << QStringList{QStringLiteral("is not valid JSON")};
     QTest::newRow("a list at the top") << "top.json" << QByteArray("[]") << QString()
@@ -154,11 +164,18 @@ void tst_KalHostCommandLine::unusableProfilesEndTheRun()
     QStringList arguments{QStringLiteral("--list-extensions")};
     QString path;
     if (!file.isEmpty()) {
-        path = m_dir.filePath(file);
-        if (file == QLatin1String("folder.json"))
+        path = QDir::isAbsolutePath(file) ? file : m_dir.filePath(file);
+        if (file == QLatin1String("folder.json")) {
             QVERIFY(QDir(m_dir.path()).mkpath(file));
-        else if (!json.isEmpty())
+        } else if (file == QLatin1String("pipe.json")) {
+            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        } else if (file == QLatin1String("large.json")) {
+            // Sparse: one byte past the limit costs no disk.
+            QFile large(path);
+            QVERIFY(large.open(QIODevice::WriteOnly) && large.resize((qint64(64) << 20) + 1));
+        } else if (!json.isEmpty()) {
             QVERIFY(!writeProfiles(file, json).isEmpty());
+        }
         arguments << QStringLiteral("--profiles") << path;
     }
     if (!profile.isEmpty())

@@ -8,13 +8,18 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 #include <vector>
 
 namespace {
+
+// Some hundred thousand profiles fit in far less.
+constexpr qint64 kLargestFile = qint64(64) << 20;
 
 bool isEditor(KalExtension* extension)
 {
@@ -113,7 +118,7 @@ QStringList problemsOf(const QJsonObject& top)
     if (!active.isUndefined() && !active.isString())
         problems
             << ProfileFile::tr("\"active\" should be the name of a profile, not %1.").arg(kindOf(active));
-    QStringList names;
+    QSet<QString> names;
     for (const KalProfile* held : KalPluginsManager::getInstance()->getProfilesList())
         names << QString::fromUtf8(held->getName().getString());
     const QJsonArray list = profiles.toArray();
@@ -146,13 +151,25 @@ QStringList problemsOf(const QJsonObject& top)
 bool ProfileFile::load(const QString& path, const std::vector<KalExtension*>& all, QString* active,
                        QStringList* warnings, QString* error)
 {
+    // A device or a pipe would be read without end, or block the start on
+    // opening; only a file that ends is read, and only so far.
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile()) {
+        *error = tr("The profile file \"%1\" is not a regular file.").arg(path);
+        return false;
+    }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         *error = tr("Cannot open the profile file \"%1\": %2").arg(path, file.errorString());
         return false;
     }
+    const QByteArray text = file.read(kLargestFile + 1);
+    if (text.size() > kLargestFile) {
+        *error = tr("The profile file \"%1\" is larger than %2 MiB.").arg(path).arg(kLargestFile >> 20);
+        return false;
+    }
     QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
+    const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (document.isNull()) {
         *error = tr("The profile file \"%1\" is not valid JSON: %2 at character %3.")
                      .arg(path, parseError.errorString())

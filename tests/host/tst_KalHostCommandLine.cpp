@@ -41,6 +41,9 @@ private slots:
     void unusableProfilesEndTheRun();
     void goodProfileFileStillStarts();
     void overlongSelectionIsRefused();
+    void selectionsNamingNothingAreRefused_data();
+    void selectionsNamingNothingAreRefused();
+    void unwritableScreenshotSaysWhy();
 
 private:
     QString writeProfiles(const QString& name, const QByteArray& json);
@@ -222,6 +225,48 @@ void tst_KalHostCommandLine::overlongSelectionIsRefused()
         run.err.contains(QLatin1String("is 70000 characters long; names of more than 1024 characters are "
                                        "refused")),
         qPrintable(run.err.right(400)));
+}
+
+void tst_KalHostCommandLine::selectionsNamingNothingAreRefused_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("said");
+    // Each of these used to select the root and exit 0.
+    QTest::newRow("empty") << ""
+                           << "The path \"\" names no node";
+    QTest::newRow("a dot") << "."
+                           << "The path \".\" names no node";
+    QTest::newRow("a field alone") << ".diffuseColor"
+                                   << "The path \".diffuseColor\" names no node";
+    QTest::newRow("a dot after a node") << "Stone."
+                                        << "The path \"Stone.\" names no field after its dot";
+}
+
+void tst_KalHostCommandLine::selectionsNamingNothingAreRefused()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, said);
+    const Run run = kalhost({QStringLiteral("--select"), path, QStringLiteral("--quit")});
+    QVERIFY2(run.code == 1, qPrintable(run.err));
+    QVERIFY2(run.err.contains(said), qPrintable(run.err));
+}
+
+void tst_KalHostCommandLine::unwritableScreenshotSaysWhy()
+{
+    // A folder in the file's place: refused with the reason, not only the
+    // exit code.
+    const Run run = kalhost({QStringLiteral("--screenshot"), m_dir.path(), QStringLiteral("--quit")});
+    QVERIFY2(run.code == 1, qPrintable(run.err));
+    QVERIFY2(run.err.contains(
+                 QStringLiteral("Cannot write the screenshot \"%1\": it is a folder.").arg(m_dir.path())),
+             qPrintable(run.err));
+    const QString inMissingFolder = m_dir.filePath(QStringLiteral("no/such/folder/shot.png"));
+    const Run missing = kalhost({QStringLiteral("--screenshot"), inMissingFolder, QStringLiteral("--quit")});
+    QCOMPARE(missing.code, 1);
+    QVERIFY2(
+        missing.err.contains(QStringLiteral("Cannot write the screenshot \"%1\": ").arg(inMissingFolder)),
+        qPrintable(missing.err));
+    QVERIFY2(!missing.err.contains(QStringLiteral("\": .")), qPrintable(missing.err));
 }
 
 QTEST_MAIN(tst_KalHostCommandLine)

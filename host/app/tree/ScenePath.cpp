@@ -72,6 +72,19 @@ QModelIndex ScenePath::find(const SceneModel& model, const QString& path, QStrin
         }
     }
 
+    // An empty name would stand for the root, so that "" and "." chose it
+    // without a word; a dot promises a field.
+    if (!byPlaces && nodePart.isEmpty()) {
+        *error = tr("The path \"%1\" names no node: give a node's name (Stone.diffuseColor) or its "
+                    "places from the root (/3/1.diffuseColor).")
+                     .arg(shown(path));
+        return QModelIndex();
+    }
+    if (dot >= 0 && fieldPart.isEmpty()) {
+        *error = tr("The path \"%1\" names no field after its dot.").arg(shown(path));
+        return QModelIndex();
+    }
+
     std::vector<int> places;
     const bool found = byPlaces ? placesByNumbers(nodePart, &places) : placesByName(root, nodePart, &places);
     const QModelIndex nodeRow = found ? model.nodeIndex(places) : QModelIndex();

@@ -22,6 +22,7 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QFile>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
@@ -368,12 +369,18 @@ bool KalHostWindow::select(const QString& path)
 
 bool KalHostWindow::writeScreenshot(const QString& path)
 {
-    const QPixmap picture = WindowScreenshot::take(m_window, m_viewer);
-    if (picture.isNull() || !picture.save(path, "PNG")) {
-        fail(tr("Cannot write the screenshot \"%1\".").arg(path));
-        return false;
-    }
-    return true;
+    QString why;
+    QFile file(path);
+    if (QFileInfo(path).isDir())
+        why = tr("it is a folder");
+    else if (!file.open(QIODevice::WriteOnly))
+        why = file.errorString();
+    else if (!WindowScreenshot::take(m_window, m_viewer).save(&file, "PNG"))
+        why = tr("the picture could not be made");
+    if (why.isEmpty())
+        return true;
+    fail(tr("Cannot write the screenshot \"%1\": %2.").arg(path, why));
+    return false;
 }
 
 void KalHostWindow::refreshTitle()

@@ -12,7 +12,6 @@
 #include <QFileInfo>
 #include <QLibrary>
 
-#include <algorithm>
 #include <set>
 
 namespace {

@@ -2,13 +2,11 @@
 
 #include "EventLoopPass.h"
 
+#include <EditorDockFixture.h>
 #include <FieldTesting.h>
-#include <KalPluginsManager.h>
 #include <KalServices.h>
-#include <KalShell.h>
 
 #include <QDockWidget>
-#include <QMainWindow>
 #include <QPixmapCache>
 
 #include <fstream>
@@ -18,11 +16,7 @@
 
 QDockWidget* loadPluginIntoShownWindow()
 {
-    KalPluginsManager::getInstance()->loadPlugin(QStringLiteral(KALDEFAULTS_MODULE_PATH));
-    QMainWindow* window = KalShell::getInstance()->getMainWindow();
-    window->resize(900, 600);
-    window->show();
-    return window->findChild<QDockWidget*>(QStringLiteral("KalFieldEditorDock"));
+    return EditorDockFixture::loadPlugin(QSize(900, 600)) ? EditorDockFixture::dock() : nullptr;
 }
 
 void selectField(SoField* field)

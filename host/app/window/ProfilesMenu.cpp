@@ -48,9 +48,12 @@ void ProfilesMenu::restartActive()
 {
     KalPluginsManager* manager = KalPluginsManager::getInstance();
     KalProfile* active = manager->getActiveProfile();
-    if (active) {
-        manager->setActiveProfile(nullptr);
-        switchTo(active);
+    if (!active) {
+        refresh();
+        return;
     }
-    refresh();
+    // Switching lists the profiles anew; a second listing would double the
+    // start with a file of many profiles.
+    manager->setActiveProfile(nullptr);
+    switchTo(active);
 }

@@ -7,7 +7,6 @@
 #include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>
-#include <Inventor/errors/SoReadError.h>
 #include <Inventor/misc/SoChildList.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -16,7 +15,6 @@
 #include <QFileInfo>
 #include <QHash>
 #include <QSaveFile>
-#include <QStringList>
 
 #include <algorithm>
 #include <cstdlib>
@@ -25,47 +23,48 @@
 
 namespace {
 
-// Coin reports read errors through its error handler; while a scene is read
-// they are collected here instead of going wherever the handler points.
-class ReadErrorCollector
+// Referenced files (File nodes, textures) are looked for in the scene's own
+// folder first, then where Coin looks by itself (the current folder), as
+// Coin's own viewers do. The folder is Coin's to search only while the scene
+// is read.
+class SceneFolderFirst
 {
 public:
-    ReadErrorCollector()
+    explicit SceneFolderFirst(const QString& folder)
+        : m_folder(QFile::encodeName(folder))
     {
-        m_previous = SoReadError::getHandlerCallback();
-        m_previousData = SoReadError::getHandlerData();
-        SoReadError::setHandlerCallback(&ReadErrorCollector::collect, this);
+        if (!m_folder.isEmpty())
+            SoInput::addDirectoryFirst(m_folder.constData());
     }
-    ~ReadErrorCollector() { SoReadError::setHandlerCallback(m_previous, m_previousData); }
-    ReadErrorCollector(const ReadErrorCollector&) = delete;
-    ReadErrorCollector& operator=(const ReadErrorCollector&) = delete;
-
-    QString reason() const { return m_messages.isEmpty() ? QString() : m_messages.first(); }
+    ~SceneFolderFirst()
+    {
+        if (!m_folder.isEmpty())
+            SoInput::removeDirectory(m_folder.constData());
+    }
+    SceneFolderFirst(const SceneFolderFirst&) = delete;
+    SceneFolderFirst& operator=(const SceneFolderFirst&) = delete;
 
 private:
-    static void collect(const SoError* error, void* data)
-    {
-        auto* self = static_cast<ReadErrorCollector*>(data);
-        if (self->m_messages.size() < 8)
-            self->m_messages << QString::fromUtf8(error->getDebugString().getString()).simplified();
-    }
-
-    SoErrorCB* m_previous = nullptr;
-    void* m_previousData = nullptr;
-    QStringList m_messages;
+    QByteArray m_folder;
 };
 
 // Deeper scenes are written without indentation.
 constexpr int kMaxIndentedDepth = 100;
 
-SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error)
+SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error, SceneReadReport* report,
+                      SceneReadReport::Passing passing)
 {
-    ReadErrorCollector errors;
+    SceneReadReport ownReport;
+    SceneReadReport* const reports = report ? report : &ownReport;
+    reports->listen(origin, &input, passing);
     SoSeparator* root = nullptr;
-    // Coin's reader recurses once per level of nesting.
+    // Coin's reader recurses once per level of nesting. What it reports on
+    // its way reaches the report from that thread, while this one waits.
     LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
+    reports->stopListening();
+    reports->setBinary(input.isBinary());
     if (!root) {
-        const QString reason = errors.reason();
+        const QString reason = reports->problems().value(0);
         *error =
             reason.isEmpty()
                 ? SceneDocument::tr("Cannot read \"%1\": it is not a scene in a format this program knows.")
@@ -112,7 +111,7 @@ int nestingDepth(SoNode* root)
 
 } // namespace
 
-SoSeparator* SceneDocument::read(const QString& path, QString* error)
+SoSeparator* SceneDocument::read(const QString& path, QString* error, SceneReadReport* report)
 {
     const QFileInfo info(path);
     if (!info.exists()) {
@@ -132,31 +131,46 @@ SoSeparator* SceneDocument::read(const QString& path, QString* error)
         *error = tr("Cannot open \"%1\": %2").arg(path, file.errorString());
         return nullptr;
     }
-    // Read through memory: Coin's own file reader takes a locale-encoded
-    // path and searches its directory list, where we mean this one file.
-    return readBuffer(file.readAll(), path, error);
+    if (!acceptable(file.readAll(), path, error))
+        return nullptr;
+    file.close();
+    // Coin opens the file itself, so that what it reports names the file
+    // and the line; given the whole path, it searches no folder for it.
+    const SceneFolderFirst folder(info.absolutePath());
+    SoInput input;
+    if (!input.openFile(QFile::encodeName(info.absoluteFilePath()).constData(), TRUE)) {
+        *error = tr("Cannot open \"%1\": it is not a readable file.").arg(path);
+        return nullptr;
+    }
+    return readFrom(input, path, error, report, SceneReadReport::Passing::HandOn);
 }
 
-SoSeparator* SceneDocument::readBuffer(const QByteArray& text, const QString& origin, QString* error)
+bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, QString* error)
 {
     if (text.isEmpty()) {
         *error = tr("Cannot read \"%1\": the file is empty.").arg(origin);
-        return nullptr;
+        return false;
     }
     if (!text.startsWith("#Inventor") && !text.startsWith("#VRML")) {
         *error =
             tr("Cannot read \"%1\": it does not start with a scene file header (\"#Inventor V2.1 ascii\").")
                 .arg(origin);
-        return nullptr;
+        return false;
     }
-    if (!SceneTextCheck::acceptable(text, origin, error))
+    return SceneTextCheck::acceptable(text, origin, error);
+}
+
+SoSeparator* SceneDocument::readBuffer(const QByteArray& text, const QString& origin, QString* error,
+                                       SceneReadReport* report, SceneReadReport::Passing passing)
+{
+    if (!acceptable(text, origin, error))
         return nullptr;
     SoInput input;
     input.setBuffer(text.constData(), size_t(text.size()));
-    return readFrom(input, origin, error);
+    return readFrom(input, origin, error, report, passing);
 }
 
-bool SceneDocument::write(SoSeparator* root, const QString& path, QString* error)
+bool SceneDocument::write(SoSeparator* root, const QString& path, Format format, QString* error)
 {
     if (!root) {
         *error = tr("There is no scene to save.");
@@ -167,9 +181,10 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, QString* error
     // 20,000 levels deep would take 400 MB of spaces.
     const bool compact = nestingDepth(root) > kMaxIndentedDepth;
     // The write action recurses once per level of the scene.
-    LargeStack::run([root, compact, &text] {
+    LargeStack::run([root, compact, format, &text] {
         SoOutput output;
         output.setBuffer(malloc(4096), 4096, &realloc);
+        output.setBinary(format == Format::Binary ? TRUE : FALSE);
         output.setCompact(compact ? TRUE : FALSE);
         SoWriteAction writer(&output);
         writer.apply(root);
@@ -189,7 +204,11 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, QString* error
         return false;
     }
     QString reason;
-    SoSeparator* again = readBuffer(text, tr("the scene as written"), &reason);
+    // Read back as it will be opened: references from the file's folder.
+    // What Coin says on the way is only for the check.
+    const SceneFolderFirst folder(QFileInfo(path).absolutePath());
+    SoSeparator* again =
+        readBuffer(text, tr("the scene as written"), &reason, nullptr, SceneReadReport::Passing::Keep);
     if (!again) {
         file.cancelWriting();
         *error = tr("Cannot save \"%1\": the scene would not read back, so the file was left as it was. %2")

@@ -30,6 +30,13 @@ QString sceneFilter()
 {
     return QObject::tr("Scenes (*.iv *.ivx);;All files (*)");
 }
+
+// Save As offers both of Coin's formats; the file's own is chosen first.
+QString formatFilter(SceneDocument::Format format)
+{
+    return format == SceneDocument::Format::Binary ? QObject::tr("Scenes, binary (*.iv *.ivx)")
+                                                   : QObject::tr("Scenes, text (*.iv *.ivx)");
+}
 } // namespace
 
 SceneSession::SceneSession(SceneModel* model, QWidget* window, bool interactive, QObject* parent)
@@ -51,6 +58,16 @@ QString SceneSession::scenePath() const
     return m_path;
 }
 
+SceneDocument::Format SceneSession::sceneFormat() const
+{
+    return m_format;
+}
+
+const SceneReadReport& SceneSession::readReport() const
+{
+    return m_readReport;
+}
+
 bool SceneSession::hasUnsavedChanges() const
 {
     return m_changedSinceSave;
@@ -70,15 +87,17 @@ void SceneSession::openSample()
 {
     QFile sample(QStringLiteral(":/scenes/sample.iv"));
     QString error;
+    m_readReport.clear();
     SoSeparator* root =
         sample.open(QIODevice::ReadOnly)
-            ? SceneDocument::readBuffer(sample.readAll(), QLatin1String(kSampleOrigin), &error)
+            ? SceneDocument::readBuffer(sample.readAll(), QLatin1String(kSampleOrigin), &error, &m_readReport)
             : nullptr;
     if (!root) {
         emit failed(error.isEmpty() ? tr("The built-in sample scene is missing.") : error);
         return;
     }
     setScene(root, QString());
+    m_format = SceneDocument::Format::Ascii;
 }
 
 bool SceneSession::openScene(const QString& path)
@@ -86,13 +105,16 @@ bool SceneSession::openScene(const QString& path)
     QString error;
     QElapsedTimer timer;
     timer.start();
-    SoSeparator* root = SceneDocument::read(path, &error);
+    m_readReport.clear();
+    SoSeparator* root = SceneDocument::read(path, &error, &m_readReport);
     if (!root) {
         // The scene that was open stays open.
         emit failed(error);
         return false;
     }
     setScene(root, QFileInfo(path).absoluteFilePath());
+    // Saved again, the file keeps the format it came in.
+    m_format = m_readReport.binary() ? SceneDocument::Format::Binary : SceneDocument::Format::Ascii;
     emit opened(path, timer.elapsed());
     rememberDirectory(path);
     return true;
@@ -127,16 +149,22 @@ void SceneSession::letGoOfScene()
 
 bool SceneSession::saveScene(const QString& path)
 {
+    return saveScene(path, m_format);
+}
+
+bool SceneSession::saveScene(const QString& path, SceneDocument::Format format)
+{
     QString error;
     QElapsedTimer timer;
     timer.start();
-    if (!SceneDocument::write(static_cast<SoSeparator*>(m_model->root()), path, &error)) {
+    if (!SceneDocument::write(static_cast<SoSeparator*>(m_model->root()), path, format, &error)) {
         emit failed(error);
         return false;
     }
     const qint64 milliseconds = timer.elapsed();
     rememberDirectory(path);
     m_path = QFileInfo(path).absoluteFilePath();
+    m_format = format;
     m_changedSinceSave = false;
     KalServices::getInstance()->undoStack()->setClean();
     emit saved(path, milliseconds);
@@ -151,27 +179,41 @@ bool SceneSession::save()
 
 bool SceneSession::saveAs()
 {
-    const QString path = askForFile(FileQuestion::SaveAs);
-    return !path.isEmpty() && saveScene(path);
+    SceneDocument::Format format = m_format;
+    const QString path = askForFile(FileQuestion::SaveAs, &format);
+    return !path.isEmpty() && saveScene(path, format);
 }
 
 void SceneSession::open()
 {
     if (!mayDiscard())
         return;
-    const QString path = askForFile(FileQuestion::Open);
+    SceneDocument::Format unused = m_format;
+    const QString path = askForFile(FileQuestion::Open, &unused);
     if (!path.isEmpty())
         openScene(path);
 }
 
-QString SceneSession::askForFile(FileQuestion question)
+QString SceneSession::askForFile(FileQuestion question, SceneDocument::Format* format)
 {
     const QString start = m_path.isEmpty() ? startDirectory() : m_path;
     if (m_fileQuestion)
         return m_fileQuestion(question, start);
     if (question == FileQuestion::Open)
         return QFileDialog::getOpenFileName(m_window, tr("Open Scene"), start, sceneFilter());
-    return QFileDialog::getSaveFileName(m_window, tr("Save Scene"), start, sceneFilter());
+    QFileDialog dialog(m_window, tr("Save Scene"), start);
+    dialog.setObjectName(QStringLiteral("SaveSceneDialog"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("iv"));
+    const QString text = formatFilter(SceneDocument::Format::Ascii);
+    const QString binary = formatFilter(SceneDocument::Format::Binary);
+    dialog.setNameFilters({text, binary});
+    dialog.selectNameFilter(formatFilter(*format));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return QString();
+    *format =
+        dialog.selectedNameFilter() == binary ? SceneDocument::Format::Binary : SceneDocument::Format::Ascii;
+    return dialog.selectedFiles().constFirst();
 }
 
 QString SceneSession::startDirectory() const

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "SceneDocument.h"
+#include "SceneReadReport.h"
+
 #include <QObject>
 #include <QString>
 
@@ -35,9 +38,14 @@ public:
 
     void openSample();
     bool openScene(const QString& path);
+    // In the format the scene came in (or was last saved in).
     bool saveScene(const QString& path);
+    bool saveScene(const QString& path, SceneDocument::Format format);
     // The file the scene came from or was saved to; empty for the sample.
     QString scenePath() const;
+    SceneDocument::Format sceneFormat() const;
+    // What Coin reported while the shown scene was read.
+    const SceneReadReport& readReport() const;
     bool hasUnsavedChanges() const;
     // Asked before unsaved changes are dropped: true goes on.
     bool mayDiscard();
@@ -76,7 +84,8 @@ signals:
 private:
     void setScene(SoSeparator* root, const QString& path);
     void fieldChanged(SoField* field);
-    QString askForFile(FileQuestion question);
+    // Save As also asks for the format, starting from *format.
+    QString askForFile(FileQuestion question, SceneDocument::Format* format);
     QString startDirectory() const;
     void rememberDirectory(const QString& path);
 
@@ -85,6 +94,8 @@ private:
     QWidget* m_window;
     bool m_interactive;
     QString m_path;
+    SceneDocument::Format m_format = SceneDocument::Format::Ascii;
+    SceneReadReport m_readReport;
     bool m_changedSinceSave = false;
     SoFieldContainer* m_selectedNode = nullptr;
     SoField* m_selectedField = nullptr;

@@ -1,5 +1,7 @@
 #include "HostStatusBar.h"
 
+#include "SceneReadReport.h"
+
 #include <KalPlugin.h>
 
 #include <Inventor/misc/SoChildList.h>
@@ -80,10 +82,26 @@ void HostStatusBar::showSelection(const QString& text)
     m_selection->setText(text.isEmpty() ? tr("Nothing selected") : text);
 }
 
-void HostStatusBar::showOpened(const QString& file, SoNode* root, qint64 milliseconds)
+void HostStatusBar::showOpened(const QString& file, SoNode* root, qint64 milliseconds,
+                               const SceneReadReport& report)
 {
-    m_document->setText(documentText(tr("Opened"), file, root, milliseconds));
-    m_document->setToolTip(file);
+    // What Coin could not find or read is counted here and said in full in
+    // the Console and the tooltip: a scene with missing parts must not look
+    // like a whole one.
+    QString text = documentText(tr("Opened"), file, root, milliseconds);
+    const QLocale locale;
+    const int missing = report.missingFiles();
+    if (missing > 0)
+        text += missing == 1 ? tr(", 1 file not found")
+                             : tr(", %1 files not found").arg(locale.toString(missing));
+    const int others = report.otherProblems();
+    if (others > 0)
+        text +=
+            others == 1 ? tr(", 1 other problem") : tr(", %1 other problems").arg(locale.toString(others));
+    m_document->setText(text);
+    QStringList tip{file};
+    tip << report.problems();
+    m_document->setToolTip(tip.join(QLatin1Char('\n')));
 }
 
 void HostStatusBar::showSaved(const QString& file, SoNode* root, qint64 milliseconds)

@@ -6,6 +6,7 @@
 class KalPlugin;
 class QLabel;
 class QMainWindow;
+class SceneReadReport;
 class SoNode;
 
 // The window's status bar: what is selected on the left, the outcome of the
@@ -23,7 +24,8 @@ public:
     ~HostStatusBar() override;
 
     void showSelection(const QString& text);
-    void showOpened(const QString& file, SoNode* root, qint64 milliseconds);
+    // With the files Coin did not find and the other problems it reported.
+    void showOpened(const QString& file, SoNode* root, qint64 milliseconds, const SceneReadReport& report);
     void showSaved(const QString& file, SoNode* root, qint64 milliseconds);
     void showFailure(const QString& text);
     // A loaded plug-in, or none with the reason.

@@ -118,6 +118,16 @@ bool KalHostWindow::saveScene(const QString& path)
     return m_session->saveScene(path);
 }
 
+bool KalHostWindow::saveScene(const QString& path, SceneDocument::Format format)
+{
+    return m_session->saveScene(path, format);
+}
+
+SceneDocument::Format KalHostWindow::sceneFormat() const
+{
+    return m_session->sceneFormat();
+}
+
 QString KalHostWindow::scenePath() const
 {
     return m_session->scenePath();
@@ -261,7 +271,8 @@ void KalHostWindow::connectSession()
     });
     connect(m_session, &SceneSession::replaced, this, &KalHostWindow::sceneShown);
     connect(m_session, &SceneSession::opened, this, [this](const QString& path, qint64 milliseconds) {
-        m_status->showOpened(QFileInfo(path).fileName(), m_model->root(), milliseconds);
+        m_status->showOpened(QFileInfo(path).fileName(), m_model->root(), milliseconds,
+                             m_session->readReport());
         m_recent->add(path);
     });
     connect(m_session, &SceneSession::saved, this, [this](const QString& path, qint64 milliseconds) {

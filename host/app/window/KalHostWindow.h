@@ -56,6 +56,8 @@ public:
     void openSample();
     bool openScene(const QString& path);
     bool saveScene(const QString& path);
+    bool saveScene(const QString& path, SceneDocument::Format format);
+    SceneDocument::Format sceneFormat() const;
     QString scenePath() const;
     bool hasUnsavedChanges() const;
     void setDiscardQuestion(std::function<bool()> question);

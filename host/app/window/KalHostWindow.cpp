@@ -8,6 +8,7 @@
 #include "ScenePath.h"
 #include "SelectionCaption.h"
 #include "TreeSelection.h"
+#include "ViewCamera.h"
 #include "ViewPicker.h"
 #include "WindowLayout.h"
 #include "WindowScreenshot.h"
@@ -50,8 +51,10 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     m_layout = new WindowLayout(m_window, {m_treeDock, m_historyDock}, m_caption->dock(), this);
     m_status = new HostStatusBar(m_window, this);
     buildMenus();
-    if (m_viewer)
+    if (m_viewer) {
         m_picker = new ViewPicker(m_viewer, m_tree, m_model, this);
+        m_viewCamera = new ViewCamera(m_viewer, this);
+    }
     connectSession();
     m_window->installEventFilter(this);
     m_layout->fitToScreen();
@@ -96,6 +99,11 @@ QTreeView* KalHostWindow::tree() const
 SoQtExaminerViewer* KalHostWindow::viewer() const
 {
     return m_viewer;
+}
+
+ViewCamera* KalHostWindow::viewCamera() const
+{
+    return m_viewCamera;
 }
 
 QString KalHostWindow::lastError() const
@@ -267,7 +275,7 @@ void KalHostWindow::connectSession()
             [this] { m_tree->selectionModel()->clearSelection(); });
     connect(m_session, &SceneSession::arriving, this, [this](SoSeparator* root) {
         if (m_viewer)
-            m_viewer->setSceneGraph(m_picker->frame(root));
+            m_viewer->setSceneGraph(m_viewCamera->frame(m_picker->frame(root), root));
     });
     connect(m_session, &SceneSession::replaced, this, &KalHostWindow::sceneShown);
     connect(m_session, &SceneSession::opened, this, [this](const QString& path, qint64 milliseconds) {
@@ -288,7 +296,7 @@ void KalHostWindow::sceneShown()
 {
     m_tree->expand(m_model->index(0, 0));
     if (m_viewer)
-        m_viewer->viewAll();
+        m_viewCamera->reset();
     refreshTitle();
     emit sceneReplaced();
 }
@@ -321,7 +329,7 @@ bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
         // The camera frames the scene once the view has its real shape.
         QTimer::singleShot(0, this, [this] {
             if (m_viewer)
-                m_viewer->viewAll();
+                m_viewCamera->reset();
         });
     }
     if (watched == m_window && event->type() == QEvent::Close) {

@@ -21,6 +21,7 @@ class RecentFilesMenu;
 class SceneModel;
 class SelectionCaption;
 class SoQtExaminerViewer;
+class ViewCamera;
 class ViewPicker;
 class WindowLayout;
 
@@ -52,6 +53,9 @@ public:
     SceneModel* sceneModel() const;
     QTreeView* tree() const;
     SoQtExaminerViewer* viewer() const;
+    // The view's own camera and the scene camera it stands in for; null
+    // without a 3D view.
+    ViewCamera* viewCamera() const;
 
     void openSample();
     bool openScene(const QString& path);
@@ -119,6 +123,7 @@ private:
     HostStatusBar* m_status = nullptr;
     SoQtExaminerViewer* m_viewer = nullptr;
     ViewPicker* m_picker = nullptr;
+    ViewCamera* m_viewCamera = nullptr;
     QList<QMenu*> m_menus;
     RecentFilesMenu* m_recent = nullptr;
     ProfilesMenu* m_profiles = nullptr;

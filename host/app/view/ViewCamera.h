@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class SoCamera;
+class SoNode;
+class SoNodeSensor;
+class SoQtExaminerViewer;
+class SoSensor;
+class SoSeparator;
+
+// The 3D view looks through a camera of its own, so that framing the scene
+// and turning it never write into the person's file.
+//
+// Coin's viewers look through the first camera of a scene and move it:
+// kalhost opened a scene with its own camera already modified, and saved
+// the moved camera. Here the view's camera stands before the scene and
+// starts where the scene's camera is; the scene's camera keeps its fields
+// and is passed over while the view draws and picks, so the view stays the
+// view's. Edits of the scene's camera (in the editors, undo, redo) still
+// move the view there.
+class ViewCamera : public QObject
+{
+    Q_OBJECT
+    Q_DISABLE_COPY(ViewCamera)
+
+public:
+    explicit ViewCamera(SoQtExaminerViewer* viewer, QObject* parent = nullptr);
+    ~ViewCamera() override;
+
+    // What the viewer is to show: the view's camera, then shown (the scene
+    // root and whatever the view draws beside it).
+    SoNode* frame(SoNode* shown, SoNode* root);
+
+    // The view where it starts: through the scene's camera when the scene
+    // has one, otherwise the whole scene framed.
+    void reset();
+
+    // The scene's camera the view stands in for; null when it has none.
+    SoCamera* sceneCamera() const;
+
+private:
+    static void sceneCameraChanged(void* data, SoSensor* sensor);
+    void followSceneCamera();
+    void standIn(SoCamera* sceneCamera);
+    SoCamera* viewCamera() const;
+
+    SoQtExaminerViewer* m_viewer;
+    SoSeparator* m_frame;
+    SoCamera* m_sceneCamera = nullptr;
+    std::unique_ptr<SoNodeSensor> m_sensor;
+};

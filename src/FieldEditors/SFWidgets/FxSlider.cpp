@@ -72,6 +72,11 @@ QString FxSlider::textWithPrefix() const
     }
 }
 
+QString FxSlider::fieldText() const
+{
+    return textWithPrefix();
+}
+
 void FxSlider::syncSlider()
 {
     quietly([this] { slider->setValue(position); });
@@ -83,7 +88,7 @@ void FxSlider::notifyEditor()
         return;
     if (inTable) {
         editor->setRefreshEnabled(false);
-        editor->setValueFromText(row, column, textWithPrefix());
+        editor->setValueFromText(row, column, fieldText());
         editor->setRefreshEnabled(true);
     } else {
         editor->applyChanges();

@@ -17,12 +17,8 @@ class FxNumberSlider : public FxSlider
 public:
     using FxSlider::FxSlider;
 
-    // The value's own position keeps the value: a slider released where it
-    // was pressed has not moved it, and the position's value is rounded.
     void setPosition(int newPosition) override
     {
-        if (newPosition == position)
-            return;
         position = newPosition;
         value = self().valueOf(newPosition);
     }

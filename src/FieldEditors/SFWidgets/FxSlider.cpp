@@ -136,6 +136,7 @@ void FxSlider::eventNotify(bool state)
 void FxSlider::beginCallback()
 {
     dragging = true;
+    movedSincePress = false;
     storeValueText();
 }
 
@@ -144,6 +145,7 @@ void FxSlider::valueChangeSlot(int newValue)
     if (!notifyEnabled)
         return;
     dragging = true;
+    movedSincePress = true;
     setPosition(newValue);
     updateText();
     if (dragging && notifyWhileDragging)
@@ -154,6 +156,7 @@ void FxSlider::valueChangeSlot(int newValue)
 void FxSlider::finishCallback()
 {
     dragging = false;
-    setPosition(slider->value());
+    if (movedSincePress)
+        setPosition(slider->value());
     notifyEditor();
 }

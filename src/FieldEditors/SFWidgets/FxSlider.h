@@ -83,6 +83,9 @@ protected:
     QCheckBox* checkBox = nullptr;
     bool notifyWhileDragging = true;
     bool dragging = false;
+    // Whether the slider moved since it was pressed: one released where it
+    // was pressed keeps the value, not its position's rounded one.
+    bool movedSincePress = false;
     bool notifyEnabled = false;
     int inTable = 0;
     int base = 10;

@@ -16,8 +16,6 @@ FxUIntSlider::FxUIntSlider(int kind, int inTable, KalFieldEditors* editor, QWidg
     , typeMax(kind == 4 ? 65535u : 4294967295u)
     , typeLimit(typeMax)
 {
-    // The value 0 sits at the slider's lowest position, not at position 0.
-    position = positionOf(0);
     quietly([this] { slider->setRange(positionOf(0), positionOf(0)); });
 }
 

@@ -1,6 +1,6 @@
 #include "MatrixText.h"
 
-#include "NumberInput.h"
+#include "ShownComponents.h"
 
 #include <Inventor/SbMatrix.h>
 
@@ -11,13 +11,21 @@ QString MatrixText::elementText(const SbMatrix& matrix, int index)
     return QString::number(double(matrix[index / 4][index % 4]), 'g', 6);
 }
 
-bool MatrixText::read(const QStringList& texts, SbMatrix& matrix)
+QString MatrixText::showElement(const SbMatrix& matrix, int index, ShownComponents& shown)
+{
+    const QString text = elementText(matrix, index);
+    if (!text.isNull())
+        shown.show(index, matrix[index / 4][index % 4], text);
+    return text;
+}
+
+bool MatrixText::read(const QStringList& texts, const ShownComponents& shown, SbMatrix& matrix)
 {
     if (texts.size() != elements)
         return false;
     float values[elements];
     for (int i = 0; i < elements; ++i) {
-        if (!NumberInput::read(texts.at(i), values[i]))
+        if (!shown.read(i, texts.at(i), values[i]))
             return false;
     }
     matrix = SbMatrix(values[0], values[1], values[2], values[3], values[4], values[5], values[6], values[7],

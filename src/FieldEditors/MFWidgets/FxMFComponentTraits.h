@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FxMFieldTableItemDelegate.h"
+#include "KeptComponents.h"
 
 #include <Inventor/SbPlane.h>
 #include <Inventor/SbRotation.h>
@@ -101,12 +102,17 @@ struct Plane
         float number = 0.0f;
         if (!toReal(text, number))
             return false;
+        // Making a plane normalises its normal again; a new distance keeps
+        // the normal as the field holds it.
+        if (column == 3) {
+            value = KeptComponents::planeWithDistance(value, number);
+            return true;
+        }
         SbVec3f normal = value.getNormal();
-        float distance = value.getDistanceFromOrigin();
-        (column < 3 ? normal[column] : distance) = number;
+        normal[column] = number;
         if (normal.length() == 0.0f || !std::isfinite(normal.length()))
             return false;
-        value = SbPlane(normal, distance);
+        value = SbPlane(normal, value.getDistanceFromOrigin());
         return true;
     }
 };
@@ -138,7 +144,12 @@ struct Rotation
         const SbVec3f axis(parts[0], parts[1], parts[2]);
         if (axis.length() == 0.0f || !std::isfinite(axis.length()))
             return false;
-        value.setValue(axis, parts[3]);
+        // The quaternion is made again from the four numbers; a new angle
+        // keeps the axis reading back as it was.
+        if (column == 3)
+            value = KeptComponents::rotationWithAxis(axis, parts[3]);
+        else
+            value.setValue(axis, parts[3]);
         return true;
     }
 };

@@ -54,6 +54,10 @@ public:
         if (!field || !holdsRow(row) || column < 0 || column >= Traits::columns)
             return;
         Value value = (*field)[row];
+        // A cell still showing its own text was not changed: it stands for
+        // the component the field holds, not for the digits it shows.
+        if (text == Traits::text(value, column))
+            return;
         if (!Traits::replace(value, column, text))
             return;
         writeValue(row, value);

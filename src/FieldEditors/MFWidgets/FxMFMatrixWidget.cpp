@@ -68,18 +68,20 @@ QString FxMFMatrixWidget::getComponentText(int row, int index)
     auto* matrices = SoTypedObject(getField()).cast<SoMFMatrix>();
     if (!matrices || !holdsRow(row))
         return QString();
-    return MatrixText::elementText((*matrices)[row], index);
+    return MatrixText::showElement((*matrices)[row], index, m_shown);
 }
 
 // A line a float cannot hold leaves the matrix as it is; an unreadable or
 // empty one (a "-" half typed) counts as 0, as in the single matrix editor.
+// The lines nobody typed into keep the elements they were filled with, not
+// the six digits they show.
 void FxMFMatrixWidget::setValueFromText(int row, int index, QString)
 {
     auto* matrices = SoTypedObject(getField()).cast<SoMFMatrix>();
     if (!matrices || !holdsRow(row) || index < 0 || index >= MatrixText::elements)
         return;
     SbMatrix matrix;
-    if (!MatrixText::read(popupTexts(), matrix) || (*matrices)[row] == matrix)
+    if (!MatrixText::read(popupTexts(), m_shown, matrix) || (*matrices)[row] == matrix)
         return;
     matrices->set1Value(row, matrix);
     SbString none;

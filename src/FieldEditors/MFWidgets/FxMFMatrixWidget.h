@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FxTablePopupWidget.h"
+#include "ShownComponents.h"
 
 // Editor of SoMFMatrix fields: every row of the table shows the whole
 // field's text, and the popup edits the sixteen numbers of the current
@@ -28,4 +29,6 @@ private:
     // The field's text is made once per change, not once per painted cell.
     QString m_fieldText;
     bool m_fieldTextKnown = false;
+    // What the popup's lines were filled with.
+    ShownComponents m_shown;
 };

@@ -138,6 +138,10 @@ public:
 
     void setValueFromText(int row, int column, QString text) override
     {
+        // The row's own text (a slider released where it was pressed sends
+        // it) is the value the row holds: writing it again would notify.
+        if (text == getValueText(row, column))
+            return;
         if constexpr (Traits::isReal) {
             // A value the field cannot write back as a number ("inf", "nan",
             // or past the type's largest) is refused like unparsable text.

@@ -51,8 +51,12 @@ QString FxMFVec3fWidget::getValueText(int row, int column)
     return MFComponents::realText(vector[column]);
 }
 
+// A cell still showing its own text stands for the component the field
+// holds, not for the six digits it shows.
 void FxMFVec3fWidget::setValueFromText(int row, int column, QString text)
 {
+    if (text == getValueText(row, column))
+        return;
     float number = 0.0f;
     if (MFComponents::toReal(text, number))
         setComponentValue(number, row, column);

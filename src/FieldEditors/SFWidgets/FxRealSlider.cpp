@@ -1,5 +1,6 @@
 #include "FxRealSlider.h"
 
+#include "CoinNumberText.h"
 #include "NumberInput.h"
 
 #include <QDoubleValidator>
@@ -84,8 +85,17 @@ void FxRealSlider::setRange(double min, double max, bool isBounded)
     setSpan(min, max, isBounded);
 }
 
+QString FxRealSlider::fieldText() const
+{
+    return isFloat ? CoinNumberText::of(float(value)) : CoinNumberText::of(value);
+}
+
 void FxRealSlider::readText()
 {
+    if (!shownText.isNull() && lineEdit->text() == shownText) {
+        takeValue(shownValue);
+        return;
+    }
     double number = lineEdit->text().toDouble();
     // Infinities and NaN would break the span; they read as nothing typed.
     if (!std::isfinite(number))
@@ -95,11 +105,14 @@ void FxRealSlider::readText()
 
 void FxRealSlider::setValue(double number)
 {
-    showValueText(format(number));
+    shownText = format(number);
+    shownValue = std::isfinite(number) ? number : 0.0;
+    showValueText(shownText);
 }
 
 void FxRealSlider::setValueText(QString text)
 {
+    shownText = QString();
     showValueText(text);
 }
 
@@ -108,7 +121,9 @@ void FxRealSlider::updateText()
     showText(format(value));
 }
 
+// The previous value is what undo writes back: in the field's own form,
+// not in six decimals, which would round it.
 void FxRealSlider::storeValueText()
 {
-    valueText = format(value).toLatin1().constData();
+    valueText = fieldText().toLatin1().constData();
 }

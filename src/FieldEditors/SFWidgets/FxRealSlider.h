@@ -27,6 +27,8 @@ public:
     void setValue(double value);
 
     bool isFloatValue() const { return isFloat; }
+    // The value in the field's own text form, every digit it needs.
+    QString fieldText() const override;
 
     QString format(double number) const;
     int positionOf(double number) const;
@@ -35,4 +37,9 @@ public:
 private:
     QDoubleValidator* validator = nullptr;
     bool isFloat = true;
+    // The text setValue showed and the number behind it: six decimals are
+    // fewer than a float has, and a line edit still showing them stands for
+    // the number, not for what they read as.
+    QString shownText;
+    double shownValue = 0.0;
 };

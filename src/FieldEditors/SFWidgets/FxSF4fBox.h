@@ -26,5 +26,5 @@ protected:
     static bool isDirection(const std::array<float, 4>& values);
 
     bool readField(std::array<float, 4>&) override { return false; }
-    bool writeField(const std::array<float, 4>&) override { return false; }
+    bool writeField(const std::array<float, 4>&, const std::array<bool, 4>&) override { return false; }
 };

@@ -1,5 +1,7 @@
 #include "FxSFBitMaskWidget.h"
 
+#include "FieldWrite.h"
+
 #include <SoTypedObject.h>
 
 #include <Inventor/SbName.h>
@@ -109,5 +111,5 @@ void FxSFBitMaskWidget::setBitMaskValue()
         if (boxes.at(i)->isChecked() && enumValueOf(typed, boxes.at(i)->text(), bit))
             mask |= bit;
     }
-    typed->setValue(mask);
+    FieldWrite::setValue(typed, mask);
 }

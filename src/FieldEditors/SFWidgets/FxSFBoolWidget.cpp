@@ -1,5 +1,6 @@
 #include "FxSFBoolWidget.h"
 
+#include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
 
@@ -51,7 +52,7 @@ void FxSFBoolWidget::applyChanges()
     auto* typed = SoTypedObject(field).cast<SoSFBool>();
     if (!typed || !checkBox)
         return;
-    typed->setValue(checkBox->isChecked());
+    FieldWrite::setValue(typed, SbBool(checkBox->isChecked()));
     SbString none;
     KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(typed, none));
 }

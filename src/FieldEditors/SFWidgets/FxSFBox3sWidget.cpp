@@ -1,5 +1,6 @@
 #include "FxSFBox3sWidget.h"
 
+#include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 
 #include <KalServices.h>
@@ -46,7 +47,7 @@ void FxSFBox3sWidget::applyChanges()
     short bounds[6];
     for (int i = 0; i < 6; ++i)
         bounds[i] = cells[size_t(i)]->text().toShort(nullptr, 10);
-    typed->setValue(bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5]);
+    FieldWrite::setValue(typed, SbBox3s(bounds[0], bounds[1], bounds[2], bounds[3], bounds[4], bounds[5]));
     for (QLineEdit* cell : cells)
         cell->setModified(false);
     SbString none;

@@ -1,5 +1,6 @@
 #include "FxSFColorWidget.h"
 
+#include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
 #include "ModalDialogs.h"
@@ -115,9 +116,12 @@ void FxSFColorWidget::repaintSwatch()
 void FxSFColorWidget::showComponents()
 {
     const float components[] = {r, g, b};
+    // Known before the text is set: setting it reads the component back.
+    shownTexts.clear();
     for (size_t i = 0; i < lineEdits.size(); ++i) {
         QString text;
         text.setNum(components[i], 'g', 6);
+        shownTexts.show(int(i), components[i], text);
         lineEdits[i]->setText(text);
     }
     for (QLineEdit* edit : lineEdits)
@@ -126,10 +130,11 @@ void FxSFColorWidget::showComponents()
 
 // A text a float cannot hold ("nan", "inf", "1e39") keeps the component it
 // had and marks it, so that the colour is not applied until it is
-// corrected; unreadable text is 0, as it has always been.
+// corrected; unreadable text is 0, as it has always been. The text shown
+// for a component stands for the field's own number, not its six digits.
 void FxSFColorWidget::changeComponent(size_t index, float& component, const QString& str)
 {
-    unholdable[index] = !NumberInput::read(str, component);
+    unholdable[index] = !shownTexts.read(int(index), str, component);
     repaintSwatch();
 }
 
@@ -184,7 +189,7 @@ void FxSFColorWidget::applyChanges()
     auto* typed = SoTypedObject(field).cast<SoSFColor>();
     if (!typed || std::find(unholdable.begin(), unholdable.end(), true) != unholdable.end())
         return;
-    typed->setValue(SbColor(r, g, b));
+    FieldWrite::setValue(typed, SbColor(r, g, b));
     for (QLineEdit* edit : lineEdits) {
         if (edit)
             edit->setModified(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FxSFieldWidget.h"
+#include "ShownComponents.h"
 
 #include <QRgb>
 
@@ -44,6 +45,8 @@ private:
     float b = 0.0f;
     // Components whose text names a number a float cannot hold.
     std::array<bool, 3> unholdable{};
+    // The texts the components were last shown with.
+    ShownComponents shownTexts;
     // What the swatch shows now: every new icon costs Qt a rendering in
     // its pixmap cache and some bookkeeping, so an unchanged colour (a
     // refresh, another field of the same colour) keeps the icon it has.

@@ -1,5 +1,6 @@
 #include "FxSFEnumWidget.h"
 
+#include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 
 #include <KalServices.h>
@@ -70,7 +71,12 @@ void FxSFEnumWidget::applyChanges()
     auto* typed = SoTypedObject(field).cast<SoSFEnum>();
     if (!typed || !comboBox)
         return;
-    typed->setValue(SbName(comboBox->currentText().toLatin1().constData()));
+    // The name the field shows already is no change to write.
+    const QByteArray name = comboBox->currentText().toLatin1();
+    SbString current;
+    typed->get(current);
+    if (name != current.getString())
+        typed->setValue(SbName(name.constData()));
     SbString none;
     KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(typed, none));
 }

@@ -5,6 +5,7 @@
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
 #include "NumberInput.h"
+#include "ShownComponents.h"
 
 #include <KalServices.h>
 
@@ -37,10 +38,12 @@ public:
         std::array<float, N> values{};
         if (!field || lineEdits[0] == nullptr || !readField(values))
             return;
+        shown.clear();
         for (int i = 0; i < N; ++i) {
             QString text;
             text.setNum(values[size_t(i)], 'g', 6);
             lineEdits[size_t(i)]->setText(text);
+            shown.show(i, values[size_t(i)], text);
         }
         cursorsToStart();
         FxSFieldWidget::updateWidget();
@@ -49,18 +52,23 @@ public:
     // An unparsable or empty component is written as 0. A component a float
     // cannot hold refuses the whole change: the validator keeps Return in
     // that input from applying it, but Return in another one applies every
-    // component. These editors keep no previous text: the command reads the
-    // field after the write.
+    // component. A component whose text is still the one shown keeps the
+    // field's own number, not the six digits it was shown with. These
+    // editors keep no previous text: the command reads the field after the
+    // write.
     void applyChanges() override
     {
         if (!field || lineEdits[0] == nullptr)
             return;
         std::array<float, N> values{};
+        std::array<bool, N> kept{};
         for (int i = 0; i < N; ++i) {
-            if (!NumberInput::read(lineEdits[size_t(i)]->text(), values[size_t(i)]))
+            const QString text = lineEdits[size_t(i)]->text();
+            kept[size_t(i)] = shown.isShown(i, text);
+            if (!shown.read(i, text, values[size_t(i)]))
                 return;
         }
-        if (!writeField(values))
+        if (!writeField(values, kept))
             return;
         for (QLineEdit* edit : lineEdits)
             edit->setModified(false);
@@ -98,8 +106,21 @@ protected:
     }
 
     virtual bool readField(std::array<float, N>& values) = 0;
-    virtual bool writeField(const std::array<float, N>& values) = 0;
+    // Writes the components unless the field holds them already; `kept`
+    // tells which of them the user left as shown. False when the
+    // components make no value of the field's type.
+    virtual bool writeField(const std::array<float, N>& values, const std::array<bool, N>& kept) = 0;
+
+    static bool allKept(const std::array<bool, N>& kept)
+    {
+        for (bool each : kept) {
+            if (!each)
+                return false;
+        }
+        return true;
+    }
 
     std::array<QLineEdit*, N> lineEdits{};
     std::array<QLabel*, N> labels{};
+    ShownComponents shown;
 };

@@ -3,6 +3,7 @@
 #include "FieldRange.h"
 #include "FieldRangeMap.h"
 #include "FieldTextGuard.h"
+#include "FieldWrite.h"
 #include "FxIntSlider.h"
 #include "FxSFieldWidget.h"
 #include "FxUIntSlider.h"
@@ -50,7 +51,7 @@ public:
         const QString text = QString::number(Written(integerSlider->getValue()), 10);
         if (!field || !FieldTextGuard::acceptable(text))
             return;
-        field->set(text.toLatin1().constData());
+        FieldWrite::setText(field, text.toLatin1().constData());
         KalServices::getInstance()->pushCommand(
             new KalSFSetValueCommand(field, integerSlider->previousValueText()));
     }

@@ -1,5 +1,6 @@
 #include "FxSFMatrixWidget.h"
 
+#include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 #include "MatrixText.h"
 
@@ -30,14 +31,17 @@ void FxSFMatrixWidget::updateWidget()
     if (!typed || cells.empty())
         return;
     const SbMatrix& matrix = typed->getValue();
+    shown.clear();
     for (int i = 0; i < MatrixText::elements && size_t(i) < cells.size(); ++i)
-        cells[size_t(i)]->setText(MatrixText::elementText(matrix, i));
+        cells[size_t(i)]->setText(MatrixText::showElement(matrix, i, shown));
     resetCellCursors();
     FxSFLineWidget::updateWidget();
 }
 
 // An unparsable or empty cell is written as 0. A cell a float cannot hold
-// refuses the whole grid: Return in any other cell applies them all.
+// refuses the whole grid: Return in any other cell applies them all. A cell
+// still showing what it was filled with keeps the field's element, not its
+// six digits.
 void FxSFMatrixWidget::applyChanges()
 {
     auto* typed = SoTypedObject(field).cast<SoSFMatrix>();
@@ -47,9 +51,9 @@ void FxSFMatrixWidget::applyChanges()
     for (QLineEdit* cell : cells)
         texts << cell->text();
     SbMatrix matrix;
-    if (!MatrixText::read(texts, matrix))
+    if (!MatrixText::read(texts, shown, matrix))
         return;
-    typed->setValue(matrix);
+    FieldWrite::setValue(typed, matrix);
     for (QLineEdit* cell : cells)
         cell->setModified(false);
     SbString none;

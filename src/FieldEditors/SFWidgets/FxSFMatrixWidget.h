@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FxPopupWidget.h"
+#include "ShownComponents.h"
 
 #include <Inventor/fields/SoSFMatrix.h>
 
@@ -18,4 +19,8 @@ public:
     void applyChanges() override;
     // The generic editor's slot of the typed text stays visible beside it.
     using FxSFLineWidget::applyChanges;
+
+private:
+    // What the cells were last filled with.
+    ShownComponents shown;
 };

@@ -1,5 +1,8 @@
 #include "FxSFPlaneWidget.h"
 
+#include "FieldWrite.h"
+#include "KeptComponents.h"
+
 #include <SoTypedObject.h>
 
 #include <Inventor/SbPlane.h>
@@ -34,12 +37,19 @@ bool FxSFPlaneWidget::readField(std::array<float, 4>& values)
     return true;
 }
 
-bool FxSFPlaneWidget::writeField(const std::array<float, 4>& values)
+bool FxSFPlaneWidget::writeField(const std::array<float, 4>& values, const std::array<bool, 4>& kept)
 {
     auto* typed = SoTypedObject(field).cast<SoSFPlane>();
     // A plane without a normal is no plane; the field keeps the last one.
     if (!typed || !isDirection(values))
         return false;
-    typed->setValue(SbPlane(SbVec3f(values[0], values[1], values[2]), values[3]));
+    if (allKept(kept))
+        return true;
+    // Making a plane normalises its normal again, which can move its last
+    // digit; a normal nobody edited stays the field's.
+    if (kept[0] && kept[1] && kept[2])
+        FieldWrite::setValue(typed, KeptComponents::planeWithDistance(typed->getValue(), values[3]));
+    else
+        FieldWrite::setValue(typed, SbPlane(SbVec3f(values[0], values[1], values[2]), values[3]));
     return true;
 }

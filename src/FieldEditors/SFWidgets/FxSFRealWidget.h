@@ -2,6 +2,7 @@
 
 #include "FieldRange.h"
 #include "FieldRangeMap.h"
+#include "FieldWrite.h"
 #include "FxRealSlider.h"
 #include "FxSFieldWidget.h"
 #include "KalSFSetValueCommand.h"
@@ -91,7 +92,7 @@ public:
         if (!typed || !NumberInput::holds<Value>(realSlider->getValue()))
             return;
         const auto value = Value(realSlider->getValue());
-        typed->setValue(value);
+        FieldWrite::setValue(typed, value);
         KalServices::getInstance()->pushCommand(
             new KalSFSetValueCommand(typed, realSlider->previousValueText()));
     }

@@ -1,5 +1,8 @@
 #include "FxSFRotationWidget.h"
 
+#include "FieldWrite.h"
+#include "KeptComponents.h"
+
 #include <SoTypedObject.h>
 
 #include <Inventor/SbPlane.h>
@@ -38,14 +41,23 @@ bool FxSFRotationWidget::readField(std::array<float, 4>& values)
     return true;
 }
 
-bool FxSFRotationWidget::writeField(const std::array<float, 4>& values)
+bool FxSFRotationWidget::writeField(const std::array<float, 4>& values, const std::array<bool, 4>& kept)
 {
     auto* typed = SoTypedObject(field).cast<SoSFRotation>();
     // Without an axis the angle turns about nothing; the field keeps the
     // last rotation.
     if (!typed || !isDirection(values))
         return false;
-    typed->setValue(SbRotation(SbVec3f(values[0], values[1], values[2]), values[3]));
+    // The field holds a quaternion, which the four numbers were worked out
+    // from: untouched, it stays as it is, and with only the angle typed its
+    // axis reads back as it was shown.
+    if (allKept(kept))
+        return true;
+    const SbVec3f axis(values[0], values[1], values[2]);
+    if (kept[0] && kept[1] && kept[2])
+        FieldWrite::setValue(typed, KeptComponents::rotationWithAxis(axis, values[3]));
+    else
+        FieldWrite::setValue(typed, SbRotation(axis, values[3]));
     return true;
 }
 

@@ -21,5 +21,5 @@ public:
 
 protected:
     bool readField(std::array<float, 4>& values) override;
-    bool writeField(const std::array<float, 4>& values) override;
+    bool writeField(const std::array<float, 4>& values, const std::array<bool, 4>& kept) override;
 };

@@ -1,5 +1,7 @@
 #include "FxSFVec2fWidget.h"
 
+#include "FieldWrite.h"
+
 #include <SoTypedObject.h>
 
 namespace {
@@ -37,11 +39,11 @@ bool FxSFVec2fWidget::readField(std::array<float, 2>& values)
     return true;
 }
 
-bool FxSFVec2fWidget::writeField(const std::array<float, 2>& values)
+bool FxSFVec2fWidget::writeField(const std::array<float, 2>& values, const std::array<bool, 2>&)
 {
     auto* typed = SoTypedObject(field).cast<SoSFVec2f>();
     if (!typed)
         return false;
-    typed->setValue(values[0], values[1]);
+    FieldWrite::setValue(typed, SbVec2f(values[0], values[1]));
     return true;
 }

@@ -17,5 +17,5 @@ public:
 
 protected:
     bool readField(std::array<float, 2>& values) override;
-    bool writeField(const std::array<float, 2>& values) override;
+    bool writeField(const std::array<float, 2>& values, const std::array<bool, 2>& kept) override;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FieldWrite.h"
 #include "FxSF2iSpinBox.h"
 #include "KalSFSetValueCommand.h"
 
@@ -9,6 +10,7 @@
 #include <Inventor/fields/SoSFVec2i32.h>
 #include <Inventor/fields/SoSFVec2s.h>
 
+#include <QSignalBlocker>
 #include <QSpinBox>
 
 #include <cstdint>
@@ -59,12 +61,22 @@ public:
         auto* typed = SoTypedObject(field).cast<Field>();
         if (!typed || !spinBoxes[0])
             return;
-        // A copy: setting the first spin box writes the field through its
-        // signal before the second one is set.
+        // Both boxes are filled before anything is applied: applied between
+        // the two, the second box's old number went into the field.
         const typename Traits::Vector value = typed->getValue();
-        spinBoxes[0]->setValue(value[0]);
-        spinBoxes[1]->setValue(value[1]);
+        const bool moved = spinBoxes[0]->value() != value[0] || spinBoxes[1]->value() != value[1];
+        {
+            const QSignalBlocker first(spinBoxes[0]);
+            const QSignalBlocker second(spinBoxes[1]);
+            spinBoxes[0]->setValue(value[0]);
+            spinBoxes[1]->setValue(value[1]);
+        }
         FxSF2iSpinBox::updateWidget();
+        // A refresh that moves a box is applied as a change of the box, as
+        // it always was: it records a command, and writes what the field
+        // holds, that is nothing.
+        if (moved)
+            setCommandValue();
     }
 
     void applyChanges() override
@@ -73,7 +85,8 @@ public:
         if (!typed || !spinBoxes[0])
             return;
         using Component = typename Traits::Component;
-        typed->setValue(Component(spinBoxes[0]->value()), Component(spinBoxes[1]->value()));
+        FieldWrite::setValue(typed, typename Traits::Vector(Component(spinBoxes[0]->value()),
+                                                            Component(spinBoxes[1]->value())));
         SbString none;
         KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(typed, none));
     }

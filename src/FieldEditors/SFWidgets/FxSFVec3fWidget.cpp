@@ -1,5 +1,7 @@
 #include "FxSFVec3fWidget.h"
 
+#include "FieldWrite.h"
+
 #include <SoTypedObject.h>
 
 namespace {
@@ -36,11 +38,11 @@ bool FxSFVec3fWidget::readField(std::array<float, 3>& values)
     return true;
 }
 
-bool FxSFVec3fWidget::writeField(const std::array<float, 3>& values)
+bool FxSFVec3fWidget::writeField(const std::array<float, 3>& values, const std::array<bool, 3>&)
 {
     auto* typed = SoTypedObject(field).cast<SoSFVec3f>();
     if (!typed)
         return false;
-    typed->setValue(values[0], values[1], values[2]);
+    FieldWrite::setValue(typed, SbVec3f(values[0], values[1], values[2]));
     return true;
 }

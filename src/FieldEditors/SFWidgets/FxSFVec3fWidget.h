@@ -17,5 +17,5 @@ public:
 
 protected:
     bool readField(std::array<float, 3>& values) override;
-    bool writeField(const std::array<float, 3>& values) override;
+    bool writeField(const std::array<float, 3>& values, const std::array<bool, 3>& kept) override;
 };

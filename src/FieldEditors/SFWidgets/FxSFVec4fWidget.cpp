@@ -1,5 +1,7 @@
 #include "FxSFVec4fWidget.h"
 
+#include "FieldWrite.h"
+
 #include <SoTypedObject.h>
 
 FxSFVec4fWidget::FxSFVec4fWidget(const char* name)
@@ -29,11 +31,11 @@ bool FxSFVec4fWidget::readField(std::array<float, 4>& values)
     return true;
 }
 
-bool FxSFVec4fWidget::writeField(const std::array<float, 4>& values)
+bool FxSFVec4fWidget::writeField(const std::array<float, 4>& values, const std::array<bool, 4>&)
 {
     auto* typed = SoTypedObject(field).cast<SoSFVec4f>();
     if (!typed)
         return false;
-    typed->setValue(values[0], values[1], values[2], values[3]);
+    FieldWrite::setValue(typed, SbVec4f(values[0], values[1], values[2], values[3]));
     return true;
 }

@@ -72,6 +72,11 @@ QString FxSlider::textWithPrefix() const
     }
 }
 
+QString FxSlider::fieldText() const
+{
+    return textWithPrefix();
+}
+
 void FxSlider::syncSlider()
 {
     quietly([this] { slider->setValue(position); });
@@ -83,7 +88,7 @@ void FxSlider::notifyEditor()
         return;
     if (inTable) {
         editor->setRefreshEnabled(false);
-        editor->setValueFromText(row, column, textWithPrefix());
+        editor->setValueFromText(row, column, fieldText());
         editor->setRefreshEnabled(true);
     } else {
         editor->applyChanges();
@@ -131,6 +136,7 @@ void FxSlider::eventNotify(bool state)
 void FxSlider::beginCallback()
 {
     dragging = true;
+    movedSincePress = false;
     storeValueText();
 }
 
@@ -139,6 +145,7 @@ void FxSlider::valueChangeSlot(int newValue)
     if (!notifyEnabled)
         return;
     dragging = true;
+    movedSincePress = true;
     setPosition(newValue);
     updateText();
     if (dragging && notifyWhileDragging)
@@ -149,6 +156,7 @@ void FxSlider::valueChangeSlot(int newValue)
 void FxSlider::finishCallback()
 {
     dragging = false;
-    setPosition(slider->value());
+    if (movedSincePress)
+        setPosition(slider->value());
     notifyEditor();
 }

@@ -41,8 +41,11 @@ public:
     // The value's text from the start of the user's change. A command takes
     // it over and leaves it null.
     SbString& previousValueText() { return valueText; }
-    // The line edit's text with its base's prefix: what goes to the field.
+    // The line edit's text with its base's prefix.
     QString textWithPrefix() const;
+    // What goes to the field: the text with its prefix, unless the value
+    // holds more than the line edit shows.
+    virtual QString fieldText() const;
     int numberBase() const { return base; }
 
 public slots:
@@ -80,6 +83,9 @@ protected:
     QCheckBox* checkBox = nullptr;
     bool notifyWhileDragging = true;
     bool dragging = false;
+    // Whether the slider moved since it was pressed: one released where it
+    // was pressed keeps the value, not its position's rounded one.
+    bool movedSincePress = false;
     bool notifyEnabled = false;
     int inTable = 0;
     int base = 10;

@@ -1,5 +1,7 @@
 #include "KalMFSetValueCommand.h"
 
+#include "FieldWrite.h"
+
 #include <SbStringNull.h>
 
 #include <Inventor/fields/SoMField.h>
@@ -36,12 +38,12 @@ void KalMFSetValueCommand::undo()
 {
     SoMField* field = target.get();
     if (holds(field, index))
-        field->set1(index, oldText.getString());
+        FieldWrite::set1Text(field, index, oldText);
 }
 
 void KalMFSetValueCommand::redo()
 {
     SoMField* field = target.get();
     if (holds(field, index))
-        field->set1(index, newText.getString());
+        FieldWrite::set1Text(field, index, newText);
 }

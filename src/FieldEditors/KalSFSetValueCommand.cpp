@@ -1,5 +1,7 @@
 #include "KalSFSetValueCommand.h"
 
+#include "FieldWrite.h"
+
 #include <SbStringNull.h>
 
 #include <Inventor/fields/SoField.h>
@@ -28,12 +30,12 @@ void KalSFSetValueCommand::undo()
 {
     SoField* field = target.get();
     if (field)
-        field->set(previousValue.getString());
+        FieldWrite::setText(field, previousValue);
 }
 
 void KalSFSetValueCommand::redo()
 {
     SoField* field = target.get();
     if (field)
-        field->set(newValue.getString());
+        FieldWrite::setText(field, newValue);
 }

@@ -43,6 +43,8 @@ private slots:
     void genericEditorKeepsLatin1();
     void nodeTextIsWhole();
     void backslashAtTheEndIsLeftAlone();
+    void overlongNamesAreRefused_data();
+    void overlongNamesAreRefused();
 };
 
 namespace {
@@ -323,6 +325,53 @@ void tst_UntouchedTexts::backslashAtTheEndIsLeftAlone()
         processSensors();
         compareSnapshots(before, FieldSnapshot(m_node));
     }
+}
+
+void tst_UntouchedTexts::overlongNamesAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("field");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("stored");
+    QTest::newRow("name of 60,000") << QByteArray("sfName") << 60000 << true;
+    QTest::newRow("name of 70,000") << QByteArray("sfName") << 70000 << false;
+    QTest::newRow("enumeration of 70,000") << QByteArray("sfEnum") << 70000 << false;
+    QTest::newRow("string of 70,000") << QByteArray("sfString") << 70000 << true;
+}
+
+// Coin's name table overruns its block on a name of more than 64 KiB and
+// corrupts the heap; a line edit that holds any length must not hand it one.
+void tst_UntouchedTexts::overlongNamesAreRefused()
+{
+    QFETCH(QByteArray, field);
+    QFETCH(int, length);
+    QFETCH(bool, stored);
+    SoField* target = m_node->getField(field.constData());
+    QVERIFY(target);
+    select(target);
+    const QString before = fieldText(target);
+    const QString text(length, QLatin1Char('N'));
+    QLineEdit* edit = shownLine();
+    if (!edit) {
+        // An enumeration's own editor is a combo box: the generic one takes text.
+        auto editor = editorFor<FxSFLineWidget>(target);
+        edit = editor->getFrame()->findChild<QLineEdit*>(QStringLiteral("lineEdit"));
+        QVERIFY(edit);
+        edit->setFocus();
+        edit->selectAll();
+        edit->insert(text);
+        processSensors();
+        QCOMPARE(fieldText(target), before);
+        editor->deactivate();
+        return;
+    }
+    edit->setFocus();
+    edit->selectAll();
+    edit->insert(text);
+    QTest::keyClick(edit, Qt::Key_Return);
+    processSensors();
+    QCOMPARE(fieldText(target).size() >= length, stored);
+    if (!stored)
+        QCOMPARE(fieldText(target), before);
 }
 
 QTEST_MAIN(tst_UntouchedTexts)

@@ -30,7 +30,7 @@ bool FxMFLineWidget::writeText(int row, const QString& text)
 {
     // A row past the end would grow the field; a stale row from before a
     // change made elsewhere is refused instead.
-    if (!holdsRow(row) || !FieldTextGuard::acceptable(text))
+    if (!holdsRow(row) || !FieldTextGuard::acceptable(text) || !FieldTextGuard::namesFit(getField(), text))
         return false;
     SbString current;
     getField()->get1(row, current);

@@ -74,7 +74,7 @@ void FxSFLineWidget::applyChanges(const QString&)
         return;
     const QString text = lineEdit->text();
     if (!FieldTextGuard::acceptable(text) || !NumberInput::fitsField(field, text) ||
-        !FieldTextGuard::imageFits(field, text))
+        !FieldTextGuard::imageFits(field, text) || !FieldTextGuard::namesFit(field, text))
         return;
     const int position = lineEdit->cursorPosition();
     SbString current;

@@ -91,7 +91,8 @@ public:
             const SbString text(FieldText::toBytes(shown, current).constData());
             // Only a value that is not there yet is refused: the field keeps
             // one it holds whatever Coin would make of its text.
-            if (!(text == current) && !FieldTextGuard::quotable(shown))
+            if (!(text == current) &&
+                (!FieldTextGuard::quotable(shown) || !FieldTextGuard::namesFit(field, shown)))
                 return;
             Access::write(typed, text);
         } else {
@@ -102,7 +103,7 @@ public:
             const QByteArray text = FieldText::toBytes(shown, current);
             if (text != current.getString() &&
                 (!FieldTextGuard::acceptable(shown) || !NumberInput::fitsField(field, shown) ||
-                 !FieldTextGuard::imageFits(field, shown)))
+                 !FieldTextGuard::imageFits(field, shown) || !FieldTextGuard::namesFit(field, shown)))
                 return;
             FieldWrite::setText(field, text.constData());
         }

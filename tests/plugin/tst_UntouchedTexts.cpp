@@ -17,10 +17,14 @@
 #include <Inventor/nodes/SoTexture2.h>
 #include <Inventor/nodes/SoVertexProperty.h>
 
+#include <Inventor/lists/SoFieldList.h>
+
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QMainWindow>
 #include <QtTest>
 
+#include <limits>
 #include <vector>
 
 class tst_UntouchedTexts : public EditorDockFixture
@@ -43,6 +47,7 @@ private slots:
     void genericEditorKeepsLatin1();
     void nodeTextIsWhole();
     void backslashAtTheEndIsLeftAlone();
+    void everyLineEditTakesAnyLength();
     void overlongNamesAreRefused_data();
     void overlongNamesAreRefused();
 };
@@ -279,7 +284,7 @@ void tst_UntouchedTexts::nodeTextIsWhole()
     shape->ref();
     auto* vertices = new SoVertexProperty;
     std::vector<SbVec3f> points;
-    for (int i = 0; i < 110000; ++i)
+    for (int i = 0; i < 55000; ++i)
         points.emplace_back(0.12345678f * float(i % 997), -1.2345678f * float(i % 89), 12.345678f + float(i));
     vertices->vertex.setValues(0, int(points.size()), points.data());
     shape->vertexProperty.setValue(vertices);
@@ -325,6 +330,29 @@ void tst_UntouchedTexts::backslashAtTheEndIsLeftAlone()
         processSensors();
         compareSnapshots(before, FieldSnapshot(m_node));
     }
+}
+
+// Every line edit of every single-value editor, its slider frame and its
+// popup grid included, holds a text of any length. A spin box's own line
+// edit holds an integer, not a field's text.
+void tst_UntouchedTexts::everyLineEditTakesAnyLength()
+{
+    SoFieldList fields;
+    m_node->getFields(fields);
+    int seen = 0;
+    for (int i = 0; i < fields.getLength(); ++i) {
+        if (fields[i]->isOfType(SoMField::getClassTypeId()))
+            continue;
+        select(fields[i]);
+        for (QLineEdit* edit : dock()->findChildren<QLineEdit*>()) {
+            if (qobject_cast<QAbstractSpinBox*>(edit->parentWidget()))
+                continue;
+            ++seen;
+            QVERIFY2(edit->maxLength() == std::numeric_limits<int>::max(),
+                     qPrintable(dock()->widget()->objectName() + QLatin1Char('/') + edit->objectName()));
+        }
+    }
+    QVERIFY(seen > 20);
 }
 
 void tst_UntouchedTexts::overlongNamesAreRefused_data()

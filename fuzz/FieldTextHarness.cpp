@@ -5,6 +5,7 @@
 
 #include <AllFieldsNode.h>
 #include <FieldTesting.h>
+#include <FieldTextGuard.h>
 #include <FxMFColorWidget.h>
 #include <FxMFLineWidget.h>
 #include <FxMFMatrixWidget.h>
@@ -15,12 +16,19 @@
 #include <FxSFieldWidget.h>
 #include <FxSlider.h>
 #include <KalServices.h>
+#include <SoTypedObject.h>
 
 #include <Inventor/SbName.h>
+#include <Inventor/fields/SoMFName.h>
+#include <Inventor/fields/SoMFString.h>
+#include <Inventor/fields/SoSFName.h>
+#include <Inventor/fields/SoSFString.h>
 #include <Inventor/lists/SoFieldList.h>
 
 #include <QAbstractSpinBox>
+#include <QApplication>
 #include <QCoreApplication>
+#include <QFocusEvent>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
@@ -186,6 +194,11 @@ void FieldTextHarness::run(const uint8_t* data, size_t size)
     FieldTextOracle::checkField(target.field, target.scratch, editor == set.specificFor(target.field), text);
     if (undo)
         undoAndRedo(target, services->commandCount() - before, text);
+    if (isTextPath(set, editor, target.field)) {
+        const QByteArray raw(reinterpret_cast<const char*>(data + 3), int(size - 3));
+        checkUntouched(editor, target, which,
+                       raw.left(raw.indexOf('\0') < 0 ? raw.size() : raw.indexOf('\0')));
+    }
 
     editor->deactivate();
     services->clearHistory();
@@ -301,4 +314,90 @@ void FieldTextHarness::undoAndRedo(const Target& target, int commands, const QSt
         services->redo();
     processSensors();
     FieldTextOracle::checkField(target.field, target.scratch, false, text);
+}
+
+bool FieldTextHarness::isTextPath(const EditorSet& set, KalFieldEditors* editor, const SoField* field)
+{
+    if (editor == set.genericFor(field) || editor == set.stringEditor())
+        return true;
+    for (SoType type :
+         {SoSFString::getClassTypeId(), SoSFName::getClassTypeId(), SoMFString::getClassTypeId()}) {
+        if (field->isOfType(type))
+            return true;
+    }
+    return false;
+}
+
+void FieldTextHarness::storeBytes(SoField* field, int which, const QByteArray& bytes)
+{
+    // Coin's name table cannot take a name that long, from a file either.
+    if (!FieldTextGuard::namesFit(field, QString::fromLatin1(bytes)))
+        return;
+    if (auto* string = SoTypedObject(field).cast<SoSFString>()) {
+        string->setValue(bytes.constData());
+    } else if (auto* name = SoTypedObject(field).cast<SoSFName>()) {
+        name->setValue(SbName(bytes.constData()));
+    } else if (auto* strings = SoTypedObject(field).cast<SoMFString>()) {
+        if (strings->getNum() > 0)
+            strings->set1Value(which % strings->getNum(), bytes.constData());
+    } else if (auto* names = SoTypedObject(field).cast<SoMFName>()) {
+        if (names->getNum() > 0)
+            names->set1Value(which % names->getNum(), SbName(bytes.constData()));
+    } else {
+        // Coin must not meet a number it would overrun on; a text it does
+        // not take leaves the default.
+        const QString text = QString::fromLatin1(bytes);
+        if (FieldTextGuard::acceptable(text) && FieldTextGuard::imageFits(field, text))
+            field->set(bytes.constData());
+    }
+}
+
+// Visits every input of the editor, or the cell of the chosen row, without
+// typing, as a person clicking through does: Return, then focus elsewhere.
+void FieldTextHarness::checkUntouched(KalFieldEditors* editor, const Target& target, int which,
+                                      const QByteArray& bytes)
+{
+    KalServices* services = KalServices::getInstance();
+    target.field->copyFrom(*target.pristine);
+    storeBytes(target.field, which, bytes);
+    processSensors();
+    services->clearHistory();
+    const QByteArray before = FieldTextOracle::bytesOf(target.field);
+    const QString shown = QString::fromLatin1(bytes);
+
+    auto leave = [](QLineEdit* line) {
+        QTest::keyClick(line, Qt::Key_Return);
+        QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(line, &out);
+    };
+    if (auto* list = dynamic_cast<FxMFieldWidget*>(editor)) {
+        FxMFieldTable* table = list->getTable();
+        const int rows = static_cast<SoMField*>(target.field)->getNum();
+        if (rows > 0 && table->rowCount() == rows) {
+            const QModelIndex index = table->model()->index(which % rows, 0);
+            table->setCurrentIndex(index);
+            table->edit(index);
+            if (auto* line = qobject_cast<QLineEdit*>(table->indexWidget(index)))
+                leave(line);
+        }
+    } else {
+        for (QLineEdit* line : textInputs(editor->getFrame()))
+            leave(line);
+    }
+    QCoreApplication::processEvents();
+    processSensors();
+    FieldTextOracle::require(FieldTextOracle::bytesOf(target.field) == before,
+                             "a control the user did not change wrote something different", target.field,
+                             shown);
+    const int commands = services->commandCount();
+    for (int i = 0; i < commands; ++i)
+        services->undo();
+    processSensors();
+    FieldTextOracle::require(FieldTextOracle::bytesOf(target.field) == before,
+                             "undoing an untouched control's command changed the field", target.field, shown);
+    for (int i = 0; i < commands; ++i)
+        services->redo();
+    processSensors();
+    FieldTextOracle::require(FieldTextOracle::bytesOf(target.field) == before,
+                             "redoing an untouched control's command changed the field", target.field, shown);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstddef>
@@ -31,6 +32,13 @@ class SoNode;
 //          own, the generic one, or the string editor showing the field as
 //          text), bit 5 undo and redo afterwards;
 //  byte 2  which input of the editor, or which row and column of a list.
+//
+// After the route, an editor of the text paths (the generic editors, the
+// string, name and file path editors, the string list) is also shown the
+// text's own bytes as its field's value, where the field takes them, and
+// each of its inputs is visited without typing: focused, Return pressed,
+// left. The field must keep its bytes, and so must undo and redo of what
+// the visits recorded.
 class FieldTextHarness
 {
 public:
@@ -62,6 +70,10 @@ private:
     // owns it), then presses Return.
     static void type(QLineEdit* line, const QString& text, bool paste);
     void undoAndRedo(const Target& target, int commands, const QString& text);
+    static bool isTextPath(const EditorSet& set, KalFieldEditors* editor, const SoField* field);
+    // The field holds `bytes` as its value, where it takes them.
+    static void storeBytes(SoField* field, int which, const QByteArray& bytes);
+    void checkUntouched(KalFieldEditors* editor, const Target& target, int which, const QByteArray& bytes);
 
     std::vector<SoNode*> m_nodes;
     std::vector<std::unique_ptr<SoField>> m_loneFields;

@@ -92,6 +92,13 @@ QString FieldTextOracle::textOf(const SoField* field)
     return QString::fromUtf8(text.getString());
 }
 
+QByteArray FieldTextOracle::bytesOf(const SoField* field)
+{
+    SbString text;
+    const_cast<SoField*>(field)->get(text);
+    return QByteArray(text.getString(), text.getLength());
+}
+
 void FieldTextOracle::require(bool holds, const char* what, const SoField* field, const QString& text)
 {
     if (holds)

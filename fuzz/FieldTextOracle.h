@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 class FxMFieldWidget;
@@ -58,5 +59,7 @@ public:
     static bool directionsHold(const SoField* field);
 
     static QString textOf(const SoField* field);
+    // The field's text as Coin writes it, byte for byte.
+    static QByteArray bytesOf(const SoField* field);
     static bool sameText(const QString& written, const QString& again);
 };

@@ -1,6 +1,10 @@
 #include "FieldTextGuard.h"
 
+#include <Inventor/fields/SoMFEnum.h>
+#include <Inventor/fields/SoMFName.h>
+#include <Inventor/fields/SoSFEnum.h>
 #include <Inventor/fields/SoSFImage.h>
+#include <Inventor/fields/SoSFName.h>
 
 #include <QRegularExpression>
 #include <QStringList>
@@ -48,4 +52,17 @@ bool FieldTextGuard::imageFits(const SoField* field, const QString& text)
         return true;
     const qlonglong pixels = numbers.size() - 3;
     return width <= pixels && height <= pixels && width * height <= pixels;
+}
+
+bool FieldTextGuard::namesFit(const SoField* field, const QString& text)
+{
+    if (!field || text.size() <= maxNameText)
+        return true;
+    // The bit masks derive from the enumerations.
+    for (SoType type : {SoSFName::getClassTypeId(), SoMFName::getClassTypeId(), SoSFEnum::getClassTypeId(),
+                        SoMFEnum::getClassTypeId()}) {
+        if (field->isOfType(type))
+            return false;
+    }
+    return true;
 }

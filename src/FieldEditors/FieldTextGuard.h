@@ -28,4 +28,11 @@ public:
     // 2 GB the size overflows); an image text that declares more pixels
     // than it holds numbers is refused. True for fields of other types.
     static bool imageFits(const SoField* field, const QString& text);
+
+    // Coin keeps names in blocks of 64 KiB and writes a longer name past its
+    // block, corrupting the heap. A text for a field that reads names (names,
+    // enumerations, bit masks) is refused past this length; other fields are
+    // not held to it. Far above any real name.
+    static constexpr int maxNameText = 60000;
+    static bool namesFit(const SoField* field, const QString& text);
 };

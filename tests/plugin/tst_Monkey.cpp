@@ -1,13 +1,17 @@
 // A seeded, reproducible storm of user input over the real plug-in in the
 // host's dock: keys, clicks, double clicks, drags, wheel turns, focus
 // changes, hostile text, selection changes among fields of every type,
-// undo and redo. Nothing may crash or leak, and afterwards every field
-// still reads back from its own text.
+// undo and redo. Nothing may crash or leak, afterwards every field still
+// reads back from its own text, and an event in a text editor that typed
+// nothing while no control holds typed text (a selection from one text
+// editor to another, a focus change, a click into a line edit, Return in
+// one) leaves every field of the node as it was, to the byte.
 //
 // KAL_MONKEY_SEED picks the run (printed at the start, so a failure can be
 // replayed); KAL_MONKEY_EVENTS how many events it makes (a short run by
 // default, `make monkey` runs 100,000).
 #include "AllFieldsNode.h"
+#include "FieldSnapshot.h"
 #include "ListEditorTesting.h"
 
 #include <SoKalExtensions.h>
@@ -18,6 +22,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTimer>
 #include <QWheelEvent>
@@ -68,7 +73,13 @@ private:
     void dismissModals();
     QWidget* randomTarget();
     QPoint randomPoint(QWidget* widget);
-    void act();
+    // Makes one event; true when it was one that may change no field.
+    bool act();
+    // Whether a control of the dock or of an open popup holds typed text
+    // that leaving it would apply, as it should.
+    bool holdsTypedText() const;
+    // Whether the dock shows an editor of the text paths.
+    static bool showsTextEditor();
     // Every field can be read back from the text it writes of itself.
     void checkFieldsReadBack();
 
@@ -77,6 +88,8 @@ private:
     std::mt19937 m_random;
     QTimer m_dismisser;
     int m_counts[12] = {};
+    int m_untouchedChecks = 0;
+    int m_lastChoice = 0;
 };
 
 void tst_Monkey::initTestCase()
@@ -135,22 +148,38 @@ QPoint tst_Monkey::randomPoint(QWidget* widget)
                   int(m_random() % unsigned(std::max(widget->height(), 1))));
 }
 
-void tst_Monkey::act()
+bool tst_Monkey::act()
 {
     const int choice = int(m_random() % 100);
+    m_lastChoice = choice;
     QWidget* target = randomTarget();
     if (choice < 6) {
         ++m_counts[0];
+        // From one text editor to another: the numeric editors still write
+        // what their boxes show when they are left or filled.
+        const bool neutral = showsTextEditor() && !holdsTypedText();
         EditorDockFixture::select(m_fields.at(int(m_random() % unsigned(m_fields.size()))));
-        return;
+        return neutral && showsTextEditor();
     }
     if (!target)
-        return;
+        return false;
+    // A click into a line edit, or focus given, with no typed text pending.
+    // Checked in the text editors; the numeric editors' slider frames and
+    // popups still write what they show when clicked through.
+    const bool neutral =
+        showsTextEditor() && !holdsTypedText() &&
+        ((choice >= 82 && choice < 88) || (choice >= 48 && choice < 72 && qobject_cast<QLineEdit*>(target)));
     if (choice < 36) {
         ++m_counts[1];
         const Qt::Key key = kKeys[m_random() % std::size(kKeys)];
         const Qt::KeyboardModifiers modifiers = (m_random() % 8 == 0) ? Qt::ShiftModifier : Qt::NoModifier;
+        // Return in a text editor's line edit that holds nothing typed
+        // types nothing.
+        const bool returnOnly = (key == Qt::Key_Return || key == Qt::Key_Enter) &&
+                                modifiers == Qt::NoModifier && qobject_cast<QLineEdit*>(target) &&
+                                showsTextEditor() && !holdsTypedText();
         QTest::keyClick(target, key, modifiers);
+        return returnOnly;
     } else if (choice < 46) {
         ++m_counts[2];
         QTest::keyClicks(target, QString::fromUtf8(kTexts[m_random() % std::size(kTexts)]));
@@ -203,6 +232,7 @@ void tst_Monkey::act()
             field->set(text.getString());
         }
     }
+    return neutral;
 }
 
 void tst_Monkey::storm()
@@ -213,16 +243,56 @@ void tst_Monkey::storm()
     m_random.seed(seed);
     EditorDockFixture::select(&m_node->mfColor);
     for (int i = 0; i < events; ++i) {
-        act();
+        const FieldSnapshot before(m_node);
+        const bool neutral = act();
         QCoreApplication::processEvents();
         processSensors();
+        if (neutral) {
+            ++m_untouchedChecks;
+            const QString difference = before.differenceFrom(FieldSnapshot(m_node));
+            QVERIFY2(
+                difference.isEmpty(),
+                qPrintable(
+                    QStringLiteral("event %1 (choice %2): %3").arg(i).arg(m_lastChoice).arg(difference)));
+        }
     }
+    qInfo("%d events that typed nothing left every field as it was", m_untouchedChecks);
     qInfo("selections %d, keys %d, texts %d, long texts %d, clicks %d, double clicks %d, drags %d, "
           "wheels %d, focus %d, undo %d, redo %d, outside changes %d",
           m_counts[0], m_counts[1], m_counts[2], m_counts[3], m_counts[4], m_counts[5], m_counts[6],
           m_counts[7], m_counts[8], m_counts[9], m_counts[10], m_counts[11]);
     QVERIFY(m_counts[0] > 0 && m_counts[4] > 0);
     checkFieldsReadBack();
+}
+
+bool tst_Monkey::holdsTypedText() const
+{
+    QList<QWidget*> roots{EditorDockFixture::dock(), QApplication::activePopupWidget()};
+    for (QWidget* root : roots) {
+        if (!root)
+            continue;
+        for (QLineEdit* line : root->findChildren<QLineEdit*>()) {
+            if (line->isModified())
+                return true;
+        }
+    }
+    return false;
+}
+
+bool tst_Monkey::showsTextEditor()
+{
+    static const QStringList textEditors{
+        QStringLiteral("FxSFLineWidget"),   QStringLiteral("FxSFStringWidget"),
+        QStringLiteral("FxSFNameWidget"),   QStringLiteral("FxSFFilePathStringWidget"),
+        QStringLiteral("FxMFStringWidget"), QStringLiteral("FxMFDefaultFieldWidget"),
+    };
+    QDockWidget* dock = EditorDockFixture::dock();
+    if (!dock || !dock->widget() || !textEditors.contains(dock->widget()->objectName()))
+        return false;
+    // The focus may still be in an editor shown before, detached from the
+    // window, which applies its input when it loses the focus.
+    QWidget* focus = QApplication::focusWidget();
+    return !focus || focus->window() == dock->window();
 }
 
 void tst_Monkey::checkFieldsReadBack()

@@ -1,6 +1,8 @@
 #include "FxMFLineWidget.h"
 
+#include "FieldText.h"
 #include "FieldTextGuard.h"
+#include "FieldWrite.h"
 
 #include <Inventor/fields/SoMField.h>
 
@@ -28,9 +30,14 @@ bool FxMFLineWidget::writeText(int row, const QString& text)
 {
     // A row past the end would grow the field; a stale row from before a
     // change made elsewhere is refused instead.
-    if (!holdsRow(row) || !FieldTextGuard::acceptable(text))
+    if (!holdsRow(row) || !FieldTextGuard::acceptable(text) || !FieldTextGuard::namesFit(getField(), text))
         return false;
-    return getField()->set1(row, text.toUtf8().constData());
+    SbString current;
+    getField()->get1(row, current);
+    const QByteArray bytes = FieldText::toBytes(text, current);
+    if (bytes == current.getString())
+        return true;
+    return FieldWrite::set1Text(getField(), row, bytes.constData());
 }
 
 void FxMFLineWidget::setValueFromText(int row, int, QString text)

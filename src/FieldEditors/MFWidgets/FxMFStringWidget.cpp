@@ -1,6 +1,8 @@
 #include "FxMFStringWidget.h"
 
+#include "FieldText.h"
 #include "FieldTextGuard.h"
+#include "FieldWrite.h"
 #include "KalMFSetValueCommand.h"
 
 #include <KalServices.h>
@@ -38,7 +40,7 @@ QString FxMFStringWidget::getValueText(int row, int column)
     if (column >= 1 || !holdsRow(row))
         return QString();
     if (SoMFString* strings = asString(getField()))
-        return QString::fromUtf8((*strings)[row].getString());
+        return FieldText::toText((*strings)[row]);
     return rowText(row);
 }
 
@@ -47,13 +49,17 @@ void FxMFStringWidget::setValueFromText(int row, int, QString text)
     if (!holdsRow(row))
         return;
     SoMField* field = getField();
-    const QByteArray utf8 = text.toUtf8();
     if (SoMFString* strings = asString(field)) {
-        if ((*strings)[row] == SbString(utf8.constData()) || !FieldTextGuard::quotable(text))
+        const SbString value(FieldText::toBytes(text, (*strings)[row]).constData());
+        if (value == (*strings)[row] || !FieldTextGuard::quotable(text))
             return;
-        strings->set1Value(row, SbString(utf8.constData()));
-    } else if (!field->set1(row, utf8.constData())) {
-        return;
+        FieldWrite::set1Value(strings, row, value);
+    } else {
+        SbString current;
+        field->get1(row, current);
+        const QByteArray bytes = FieldText::toBytes(text, current);
+        if (bytes == current.getString() || !FieldWrite::set1Text(field, row, bytes.constData()))
+            return;
     }
     SbString none;
     KalServices::getInstance()->pushCommand(new KalMFSetValueCommand(field, row, none));

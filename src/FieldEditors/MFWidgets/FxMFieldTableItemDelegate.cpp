@@ -1,5 +1,6 @@
 #include "FxMFieldTableItemDelegate.h"
 
+#include "FieldLineEdit.h"
 #include "FxIntSlider.h"
 #include "FxMFieldWidget.h"
 #include "FxRealSlider.h"
@@ -185,7 +186,7 @@ QWidget* FxMFieldTableItemDelegate::createEditor(QWidget* parent, const QStyleOp
     if (column == 0 && columns == 1)
         editor = createSlider(parent, row, column, text);
     if (!editor) {
-        auto* line = new QLineEdit(parent);
+        auto* line = new FieldLineEdit(parent);
         line->setObjectName(QStringLiteral("qt_lineeditor"));
         line->setFrame(false);
         line->setText(text);

@@ -3,6 +3,7 @@
 #include "AccessButtonPrivate.h"
 #include "DefaultFieldValues.h"
 #include "EditorIcons.h"
+#include "FieldText.h"
 #include "FxMFColorTable.h"
 #include "FxMFieldTable.h"
 #include "KalFieldIgnoredCommand.h"
@@ -304,7 +305,7 @@ QString FxMFieldWidget::rowText(int row) const
         return QString();
     SbString text;
     getField()->get1(row, text);
-    return QString::fromUtf8(text.getString());
+    return FieldText::toText(text);
 }
 
 void FxMFieldWidget::exchangeValues(int first, int second)

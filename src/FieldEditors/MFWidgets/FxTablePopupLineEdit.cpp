@@ -4,7 +4,7 @@
 #include "FxTablePopupWidget.h"
 
 FxTablePopupLineEdit::FxTablePopupLineEdit(FxTablePopupWidget* owner, int index, QWidget* parent)
-    : QLineEdit(parent)
+    : FieldLineEdit(parent)
     , m_owner(owner)
     , m_index(index)
 {}

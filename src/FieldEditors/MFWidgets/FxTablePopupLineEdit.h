@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QLineEdit>
+#include "FieldLineEdit.h"
 
 class FxTablePopupWidget;
 
 // One number of a list editor's popup grid. Every change of its text is
 // written at once into the value of the table's current row.
-class FxTablePopupLineEdit : public QLineEdit
+class FxTablePopupLineEdit : public FieldLineEdit
 {
     Q_OBJECT
     Q_DISABLE_COPY(FxTablePopupLineEdit)

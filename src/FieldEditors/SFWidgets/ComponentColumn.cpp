@@ -1,5 +1,6 @@
 #include "ComponentColumn.h"
 
+#include "FieldLineEdit.h"
 #include "LayoutMetrics.h"
 #include "NumberInput.h"
 
@@ -52,7 +53,7 @@ QLabel* ComponentColumn::add(QWidget* frame, QHBoxLayout* row, const ComponentCo
 
 QLineEdit* ComponentColumn::floatLineEdit(QWidget* frame, const ComponentColumnStyle& style)
 {
-    auto* edit = new QLineEdit(frame);
+    auto* edit = new FieldLineEdit(frame);
     edit->setObjectName(QLatin1String(style.inputName));
     auto* validator = new QDoubleValidator(-3.4028234663852886e38, 3.4028234663852886e38, 6, edit);
     NumberInput::useFieldLocale(validator);

@@ -1,6 +1,7 @@
 #include "FxPopupWidget.h"
 
 #include "EditorIcons.h"
+#include "FieldLineEdit.h"
 #include "LayoutMetrics.h"
 #include "NumberInput.h"
 
@@ -54,7 +55,7 @@ void FxPopupWidget::createWidget()
     cells.assign(size_t(std::max(cellCount, 0)), nullptr);
     for (int r = 0; r < rows; ++r) {
         for (int c = 0; c < columns; ++c) {
-            auto* cell = new QLineEdit(popupFrame);
+            auto* cell = new FieldLineEdit(popupFrame);
             cell->setObjectName(QStringLiteral("m_cell"));
             popupLayout->addWidget(cell, r, c);
             cells[size_t(r * columns + c)] = cell;

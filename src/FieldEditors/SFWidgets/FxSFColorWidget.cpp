@@ -1,5 +1,6 @@
 #include "FxSFColorWidget.h"
 
+#include "FieldLineEdit.h"
 #include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 #include "LayoutMetrics.h"
@@ -76,7 +77,7 @@ void FxSFColorWidget::createWidget()
         labels[i]->setObjectName(QStringLiteral("SFColorLabel"));
         labels[i]->setFixedHeight(metric("SFComponentHeight"));
         labels[i]->setText(tr(texts[i]));
-        lineEdits[i] = new QLineEdit(frame);
+        lineEdits[i] = new FieldLineEdit(frame);
         lineEdits[i]->setObjectName(QStringLiteral("SFColorLine"));
         lineEdits[i]->setFixedHeight(metric("SFComponentHeight"));
         row->addWidget(labels[i]);

@@ -1,6 +1,9 @@
 #include "FxSFLineWidget.h"
 
+#include "FieldLineEdit.h"
+#include "FieldText.h"
 #include "FieldTextGuard.h"
+#include "FieldWrite.h"
 #include "KalSFSetValueCommand.h"
 #include "NumberInput.h"
 
@@ -9,7 +12,6 @@
 #include <Inventor/fields/SoSField.h>
 
 #include <QHBoxLayout>
-#include <QLineEdit>
 
 FxSFLineWidget::FxSFLineWidget(const char* name)
     : FxSFieldWidget(name ? name : "FxSFLineWidget")
@@ -26,7 +28,7 @@ void FxSFLineWidget::createWidget()
     FxSFieldWidget::createWidget();
     if (lineEdit)
         return;
-    lineEdit = new QLineEdit(frame);
+    lineEdit = new FieldLineEdit(frame);
     lineEdit->setObjectName(QStringLiteral("lineEdit"));
     lineEdit->setAlignment(Qt::AlignLeft);
     editLayout->addWidget(lineEdit, 1);
@@ -48,7 +50,7 @@ void FxSFLineWidget::updateWidget()
     if (field) {
         SbString text;
         field->get(text);
-        lineEdit->setText(QString::fromUtf8(text.getString()));
+        lineEdit->setText(FieldText::toText(text));
     }
     FxSFieldWidget::updateWidget();
     lineEdit->setCursorPosition(cursorPosition);
@@ -72,10 +74,12 @@ void FxSFLineWidget::applyChanges(const QString&)
         return;
     const QString text = lineEdit->text();
     if (!FieldTextGuard::acceptable(text) || !NumberInput::fitsField(field, text) ||
-        !FieldTextGuard::imageFits(field, text))
+        !FieldTextGuard::imageFits(field, text) || !FieldTextGuard::namesFit(field, text))
         return;
     const int position = lineEdit->cursorPosition();
-    field->set(text.toUtf8().constData());
+    SbString current;
+    field->get(current);
+    FieldWrite::setText(field, FieldText::toBytes(text, current).constData());
     lineEdit->setCursorPosition(position);
     SbString none;
     KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(field, none));

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "FieldLineEdit.h"
+#include "FieldText.h"
 #include "FieldTextGuard.h"
+#include "FieldWrite.h"
 #include "FxSFieldWidget.h"
 #include "KalSFSetValueCommand.h"
 #include "NumberInput.h"
@@ -12,7 +15,6 @@
 #include <Inventor/fields/SoSFString.h>
 
 #include <QHBoxLayout>
-#include <QLineEdit>
 
 // How a typed text editor reads and writes its own field type.
 template <class Field>
@@ -22,14 +24,17 @@ template <>
 struct TextFieldAccess<SoSFString>
 {
     static SbString read(SoSFString* field) { return field->getValue(); }
-    static void write(SoSFString* field, const SbString& text) { field->setValue(text); }
+    static void write(SoSFString* field, const SbString& text) { FieldWrite::setValue(field, text); }
 };
 
 template <>
 struct TextFieldAccess<SoSFName>
 {
     static SbString read(SoSFName* field) { return SbString(field->getValue().getString()); }
-    static void write(SoSFName* field, const SbString& text) { field->setValue(SbName(text.getString())); }
+    static void write(SoSFName* field, const SbString& text)
+    {
+        FieldWrite::setValue(field, SbName(text.getString()));
+    }
 };
 
 // The string, name and file path editors: one line edit showing the field's
@@ -50,7 +55,7 @@ public:
         FxSFieldWidget::createWidget();
         if (lineEdit)
             return;
-        lineEdit = new QLineEdit(frame);
+        lineEdit = new FieldLineEdit(frame);
         lineEdit->setObjectName(QStringLiteral("lineEdit"));
         lineEdit->setAlignment(Qt::AlignLeft);
         editLayout->addWidget(lineEdit, 1);
@@ -69,27 +74,38 @@ public:
             else
                 field->get(text);
         }
-        lineEdit->setText(QString::fromUtf8(text.getString()));
+        lineEdit->setText(FieldText::toText(text));
         FxSFieldWidget::updateWidget();
     }
 
+    // Leaving the line edit applies it even when nothing was typed, and the
+    // command is pushed all the same; a value the field already holds is
+    // not written again, so leaving changes nothing and sets nothing off.
     void applyChanges() override
     {
         if (!lineEdit || !field)
             return;
-        const SbString text(lineEdit->text().toUtf8().constData());
+        const QString shown = lineEdit->text();
         if (auto* typed = SoTypedObject(field).cast<Field>()) {
-            if (!FieldTextGuard::quotable(lineEdit->text()))
+            const SbString current = Access::read(typed);
+            const SbString text(FieldText::toBytes(shown, current).constData());
+            // Only a value that is not there yet is refused: the field keeps
+            // one it holds whatever Coin would make of its text.
+            if (!(text == current) &&
+                (!FieldTextGuard::quotable(shown) || !FieldTextGuard::namesFit(field, shown)))
                 return;
             Access::write(typed, text);
         } else {
             // Another type's text is read by Coin, which must not meet a
             // number it would overrun on or quietly make 0 of.
-            if (!FieldTextGuard::acceptable(lineEdit->text()) ||
-                !NumberInput::fitsField(field, lineEdit->text()) ||
-                !FieldTextGuard::imageFits(field, lineEdit->text()))
+            SbString current;
+            field->get(current);
+            const QByteArray text = FieldText::toBytes(shown, current);
+            if (text != current.getString() &&
+                (!FieldTextGuard::acceptable(shown) || !NumberInput::fitsField(field, shown) ||
+                 !FieldTextGuard::imageFits(field, shown) || !FieldTextGuard::namesFit(field, shown)))
                 return;
-            field->set(text.getString());
+            FieldWrite::setText(field, text.constData());
         }
         SbString none;
         KalServices::getInstance()->pushCommand(new KalSFSetValueCommand(field, none));

@@ -2,7 +2,9 @@
 
 #include "DefaultFieldValues.h"
 #include "EditorIcons.h"
+#include "FieldText.h"
 #include "FieldTextGuard.h"
+#include "FieldWrite.h"
 #include "FxIntSlider.h"
 #include "FxRealSlider.h"
 #include "FxUIntSlider.h"
@@ -231,9 +233,9 @@ void FxSFieldWidget::setDefaultFieldValue()
     // default. That is how resets have always behaved here.
     SbString text;
     defaultField->get(text);
-    if (!FieldTextGuard::acceptable(QString::fromUtf8(text.getString())))
+    if (!FieldTextGuard::acceptable(FieldText::toText(text)))
         return;
-    field->set(text.getString());
+    FieldWrite::setText(field, text);
     KalServices::getInstance()->pushCommand(new KalFieldSetDefaultCommand(field, defaultField));
 }
 

@@ -1,5 +1,6 @@
 #include "FxSlider.h"
 
+#include "FieldLineEdit.h"
 #include "FieldRangeMap.h"
 #include "KalFieldEditors.h"
 
@@ -26,7 +27,7 @@ FxSlider::FxSlider(int inTable, KalFieldEditors* editor, QWidget* parent, int ro
     }
     layout->setObjectName(QStringLiteral("kalibraslider"));
 
-    lineEdit = new QLineEdit(this);
+    lineEdit = new FieldLineEdit(this);
     lineEdit->setObjectName(QStringLiteral("m_lineEdit"));
     slider = new QSlider(Qt::Horizontal, this);
     slider->setObjectName(QStringLiteral("m_slider"));

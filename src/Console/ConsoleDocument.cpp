@@ -48,9 +48,14 @@ void ConsoleDocument::endBatch()
 {
     if (m_batchDepth == 0 || --m_batchDepth > 0)
         return;
-    trim();
+    // The lines at the end are laid out first, on their own: a change at the
+    // top inside the same edit block would make the whole text be laid out
+    // again, as one change from the top to the end.
     m_batchCursor.endEditBlock();
     m_batchCursor = QTextCursor();
+    trim();
+    if (m_noteDue)
+        writeNote();
     if (m_batchAtBottom) {
         QScrollBar* bar = m_edit->verticalScrollBar();
         bar->setValue(bar->maximum());
@@ -62,7 +67,10 @@ void ConsoleDocument::addDropped(long long count)
     if (count <= 0)
         return;
     m_dropped += count;
-    writeNote();
+    if (m_batchDepth > 0)
+        m_noteDue = true;
+    else
+        writeNote();
 }
 
 void ConsoleDocument::clear()
@@ -70,6 +78,7 @@ void ConsoleDocument::clear()
     m_edit->clear();
     m_dropped = 0;
     m_hasNote = false;
+    m_noteDue = false;
 }
 
 int ConsoleDocument::keptLines() const
@@ -96,13 +105,15 @@ void ConsoleDocument::trim()
     cursor.setPosition(document->findBlockByNumber(first).position());
     cursor.setPosition(document->findBlockByNumber(first + count).position(), QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
-    cursor.endEditBlock();
     m_dropped += count;
+    // In the same edit block: each change at the top moves every line.
     writeNote();
+    cursor.endEditBlock();
 }
 
 void ConsoleDocument::writeNote()
 {
+    m_noteDue = false;
     QTextDocument* document = m_edit->document();
     QTextCharFormat format;
     format.setForeground(QColor(Qt::gray));

@@ -44,6 +44,8 @@ private:
     const int m_maxLines;
     long long m_dropped = 0;
     bool m_hasNote = false;
+    // Lines were dropped during a batch; the note waits for its end.
+    bool m_noteDue = false;
     int m_batchDepth = 0;
     bool m_batchAtBottom = false;
     QTextCursor m_batchCursor;

@@ -1,12 +1,10 @@
 #include "ConsoleFinder.h"
 
-#include <QAction>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QShortcut>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -43,16 +41,10 @@ ConsoleFinder::ConsoleFinder(QTextEdit* edit, QFrame* frame, QVBoxLayout* layout
     layout->addWidget(m_bar);
     m_bar->hide();
 
-    auto* find = new QShortcut(QKeySequence::Find, frame);
-    find->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(find, SIGNAL(activated()), this, SLOT(open()));
-    auto* next = new QShortcut(QKeySequence::FindNext, frame);
-    next->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(next, SIGNAL(activated()), this, SLOT(findNext()));
-    auto* previous = new QShortcut(QKeySequence::FindPrevious, frame);
-    previous->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(previous, SIGNAL(activated()), this, SLOT(findPrevious()));
-
+    // The keys are taken from the text and the bar themselves rather than
+    // through shortcuts, so that a host's own Ctrl+F or F3 elsewhere in the
+    // window is left alone and the console's work wherever the window is.
+    m_edit->installEventFilter(this);
     connect(m_findEdit, SIGNAL(textChanged(QString)), this, SLOT(searchFromTop()));
     connect(m_findEdit, SIGNAL(returnPressed()), this, SLOT(findNext()));
     connect(m_edit->document(), SIGNAL(contentsChanged()), this, SLOT(textChanged()));
@@ -187,17 +179,32 @@ QColor ConsoleFinder::currentColour()
 
 bool ConsoleFinder::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_findEdit && event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Escape) {
-            close();
-            return true;
-        }
-        if ((key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
-            key->modifiers().testFlag(Qt::ShiftModifier)) {
-            findPrevious();
-            return true;
-        }
+    if (watched != m_findEdit && watched != m_edit)
+        return QObject::eventFilter(watched, event);
+    if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    auto* key = static_cast<QKeyEvent*>(event);
+    const bool escape = watched == m_findEdit && key->key() == Qt::Key_Escape;
+    const bool shiftReturn = watched == m_findEdit &&
+                             (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) &&
+                             key->modifiers().testFlag(Qt::ShiftModifier);
+    const bool find = key->matches(QKeySequence::Find);
+    const bool next = key->matches(QKeySequence::FindNext);
+    const bool previous = key->matches(QKeySequence::FindPrevious);
+    if (!(escape || shiftReturn || find || next || previous))
+        return QObject::eventFilter(watched, event);
+    // Claimed before the window's shortcuts see it; acted on as a key press.
+    if (event->type() == QEvent::ShortcutOverride) {
+        event->accept();
+        return true;
     }
-    return QObject::eventFilter(watched, event);
+    if (escape)
+        close();
+    else if (find)
+        open();
+    else if (next)
+        findNext();
+    else
+        findPrevious();
+    return true;
 }

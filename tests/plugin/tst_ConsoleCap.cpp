@@ -128,8 +128,8 @@ void tst_ConsoleCap::unreadablePreferenceKeepsTheDefault()
 void tst_ConsoleCap::floodFromEightThreadsKeepsEachThreadsTail()
 {
     constexpr int kThreads = 8;
-    constexpr int kLines = 25000;
-    constexpr int kMax = 20000;
+    constexpr int kLines = 5000;
+    constexpr int kMax = 4000;
     makeConsoleKeeping(kMax);
     std::atomic<int> ready{0};
     std::vector<std::thread> writers;
@@ -179,7 +179,7 @@ void tst_ConsoleCap::floodFromEightThreadsKeepsEachThreadsTail()
 
 void tst_ConsoleCap::floodIsShownInSlices()
 {
-    constexpr int kLines = 50000;
+    constexpr int kLines = 10000;
     std::thread writer([] {
         for (int n = 0; n < kLines; ++n)
             std::cout << "line " << n << '\n';

@@ -97,7 +97,7 @@ void tst_ConsoleTeardown::writersDuringProfileSwitches()
     }
     while (started.load() < kWriters)
         std::this_thread::yield();
-    for (int round = 0; round < 300; ++round) {
+    for (int round = 0; round < 100; ++round) {
         m_console->deactivate();
         QCoreApplication::processEvents();
         m_console->activate();
@@ -151,7 +151,7 @@ void tst_ConsoleTeardown::postersWhileTheWidgetGoes()
     }
     while (started.load() < kPosters)
         std::this_thread::yield();
-    for (int round = 0; round < 200; ++round) {
+    for (int round = 0; round < 60; ++round) {
         // Reports are on their way while the widget goes, and while the
         // console that had them posted goes too.
         QCoreApplication::processEvents();

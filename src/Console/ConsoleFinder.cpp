@@ -32,7 +32,6 @@ ConsoleFinder::ConsoleFinder(QTextEdit* edit, QFrame* frame, QVBoxLayout* layout
     m_findEdit = new QLineEdit(m_bar);
     m_findEdit->setObjectName(QStringLiteral("m_findEdit"));
     m_findEdit->setPlaceholderText(tr("Find in the console"));
-    m_findEdit->setClearButtonEnabled(true);
     m_findEdit->installEventFilter(this);
     m_count = new QLabel(m_bar);
     m_count->setObjectName(QStringLiteral("m_findCount"));

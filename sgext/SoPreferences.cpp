@@ -1,6 +1,8 @@
 #include "SoPreferences.h"
 
 #include <cctype>
+#include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -47,4 +49,22 @@ SbBool SoPreferences::getBool(const char* name, SbBool defaultValue)
             return spelling.value;
     }
     return defaultValue;
+}
+
+int SoPreferences::getInt(const char* name, int defaultValue, int minimum)
+{
+    if (!name || !*name)
+        return defaultValue;
+    const char* text = std::getenv(name);
+    if (!text)
+        return defaultValue;
+    const std::string word = normalised(text);
+    if (word.empty())
+        return defaultValue;
+    char* end = nullptr;
+    errno = 0;
+    const long value = std::strtol(word.c_str(), &end, 10);
+    if (errno != 0 || *end != '\0' || value < minimum || value > INT_MAX)
+        return defaultValue;
+    return int(value);
 }

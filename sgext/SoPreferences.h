@@ -11,4 +11,8 @@ public:
     // ignored; an unset variable, an empty one or any other text gives the
     // default.
     static SbBool getBool(const char* name, SbBool defaultValue);
+    // A whole number in base 10, surrounding blanks ignored, at least
+    // minimum; an unset variable, an empty one, any other text or a number
+    // out of range gives the default.
+    static int getInt(const char* name, int defaultValue, int minimum);
 };

@@ -19,6 +19,7 @@ void ConsoleFixture::initTestCase()
 void ConsoleFixture::init()
 {
     qunsetenv("KALIBRA_STDOUT_CAPTURE");
+    qunsetenv("KALIBRA_CONSOLE_MAX_LINES");
     m_out.str({});
     m_err.str({});
     m_streams.emplace(m_out, m_err);
@@ -32,6 +33,7 @@ void ConsoleFixture::cleanup()
         m_console->destroyWidget();
         m_console.reset();
     }
+    qunsetenv("KALIBRA_CONSOLE_MAX_LINES");
     m_streams.reset();
     KalPluginsManager::getInstance()->unloadAll();
 }
@@ -50,4 +52,23 @@ QTextEdit* ConsoleFixture::output() const
     QDockWidget* dock =
         KalShell::getInstance()->getMainWindow()->findChild<QDockWidget*>(QStringLiteral("KalConsoleDock"));
     return dock ? dock->findChild<QTextEdit*>(QStringLiteral("m_consoleOutput")) : nullptr;
+}
+
+void ConsoleFixture::makeConsoleKeeping(int maxLines)
+{
+    if (m_console) {
+        m_console->deactivate();
+        m_console->destroyWidget();
+        m_console.reset();
+    }
+    qputenv("KALIBRA_CONSOLE_MAX_LINES", QByteArray::number(maxLines));
+    makeConsole();
+    qunsetenv("KALIBRA_CONSOLE_MAX_LINES");
+}
+
+QWidget* ConsoleFixture::consoleWidget(const QString& name) const
+{
+    QDockWidget* dock =
+        KalShell::getInstance()->getMainWindow()->findChild<QDockWidget*>(QStringLiteral("KalConsoleDock"));
+    return dock ? dock->findChild<QWidget*>(name) : nullptr;
 }

@@ -27,8 +27,13 @@ protected slots:
 protected:
     // Makes, shows and empties a console of its own.
     void makeConsole();
+    // Puts a console that keeps at most `maxLines` lines, set through its
+    // preference, in the place of the one the test has.
+    void makeConsoleKeeping(int maxLines);
     // The console's text, null when it has no dock.
     QTextEdit* output() const;
+    // A widget of the console's dock by object name, null when there is none.
+    QWidget* consoleWidget(const QString& name) const;
 
     std::unique_ptr<KalConsole> m_console;
     // The streams the process "had before": buffers of the test's own, so

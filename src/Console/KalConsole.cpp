@@ -1,5 +1,7 @@
 #include "KalConsole.h"
 
+#include "ConsoleDocument.h"
+#include "ConsoleFinder.h"
 #include "ModalDialogs.h"
 
 #include <KalShell.h>
@@ -13,11 +15,15 @@
 
 #include <QCoreApplication>
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFrame>
 #include <QThread>
 
+#include <algorithm>
 #include <iostream>
+#include <mutex>
+#include <vector>
 
 namespace {
 
@@ -38,6 +44,56 @@ const ErrorClass kErrorClasses[] = {
     {&SoReadError::setHandlerCallback, &SoReadError::getHandlerCallback, &SoReadError::getHandlerData},
 };
 
+// The consoles whose widgets exist, that is that handle the error classes.
+// An error class hands its handler's data to whichever thread posts a
+// report, and that thread may still be on its way when the console's widget,
+// or the console, goes: a report is posted only to a console still listed,
+// under the same lock that takes it off the list, so none reaches a console
+// that is gone. The list is never freed, for reports posted at exit.
+std::mutex& listMutex()
+{
+    static auto* mutex = new std::mutex;
+    return *mutex;
+}
+
+std::vector<const QObject*>& listedConsoles()
+{
+    static auto* consoles = new std::vector<const QObject*>;
+    return *consoles;
+}
+
+void listConsole(const QObject* console)
+{
+    const std::lock_guard<std::mutex> lock(listMutex());
+    listedConsoles().push_back(console);
+}
+
+void unlistConsole(const QObject* console)
+{
+    const std::lock_guard<std::mutex> lock(listMutex());
+    auto& consoles = listedConsoles();
+    consoles.erase(std::remove(consoles.begin(), consoles.end(), console), consoles.end());
+}
+
+void postToListedConsole(QObject* console, QEvent* event)
+{
+    const std::lock_guard<std::mutex> lock(listMutex());
+    const auto& consoles = listedConsoles();
+    if (std::find(consoles.begin(), consoles.end(), console) == consoles.end()) {
+        delete event;
+        return;
+    }
+    QCoreApplication::postEvent(console, event);
+}
+
+// Lines from other threads are shown in slices, so that the user interface
+// handles its other events in between however fast they come: taken 256 at
+// a time for at most 15 ms, and no more than 1,024 a slice, since the slice's
+// lines are laid out together at its end (some 30 ms for 1,024 lines).
+constexpr qint64 kSliceMs = 15;
+constexpr std::size_t kTakenLines = 256;
+constexpr int kTakesPerSlice = 4;
+
 } // namespace
 
 KalConsole::ConsoleEvent::ConsoleEvent(QString text)
@@ -46,6 +102,7 @@ KalConsole::ConsoleEvent::ConsoleEvent(QString text)
 {}
 
 KalConsole::KalConsole()
+    : inbox(this, ConsoleDocument::kDefaultMaxLines)
 {
     name = "Console";
     author = "Quelvo";
@@ -71,6 +128,9 @@ void KalConsole::createWidget()
     frame = new QFrame(dock);
     setupUi(frame);
     keepButtonsInSight();
+    document = std::make_unique<ConsoleDocument>(m_consoleOutput, ConsoleDocument::maxLinesPreference());
+    inbox.setLimit(std::size_t(document->maxLines()));
+    finder = new ConsoleFinder(m_consoleOutput, frame, verticalLayout);
     showErrors = showInfos = showWarnings = true;
     connect(m_clearButton, SIGNAL(clicked()), this, SLOT(clear()));
     connect(m_errorsButton, SIGNAL(toggled(bool)), this, SLOT(outputErrors()));
@@ -99,11 +159,17 @@ void KalConsole::destroyWidget()
 {
     if (!dock)
         return;
+    // Off the list first, so that no report is posted to the console while
+    // its widgets go; what was posted before finds them gone and is dropped.
+    restoreErrorHandlers();
+    finder = nullptr;
+    document.reset();
+    inbox.discard();
     delete frame;
     frame = nullptr;
+    m_consoleOutput = nullptr;
     delete dock;
     dock = nullptr;
-    restoreErrorHandlers();
 }
 
 void KalConsole::activate()
@@ -115,10 +181,12 @@ void KalConsole::activate()
     dock->setWidget(frame);
     dock->setWindowTitle(tr("Console"));
     if (SoPreferences::getBool("KALIBRA_STDOUT_CAPTURE", TRUE)) {
-        errRedirector =
-            std::make_unique<StdStreamRedirector<char>>(std::cerr, &KalConsole::stdErrCallback, this);
-        outRedirector =
-            std::make_unique<StdStreamRedirector<char>>(std::cout, &KalConsole::stdOutCallback, this);
+        // Let go of any earlier ones first: letting go gives the stream back
+        // the buffer it had before them.
+        errRedirector.reset();
+        outRedirector.reset();
+        errRedirector.reset(new StdStreamRedirector<char>(std::cerr, &KalConsole::stdErrCallback, this));
+        outRedirector.reset(new StdStreamRedirector<char>(std::cout, &KalConsole::stdOutCallback, this));
     }
     KalShell::getInstance()->addDockWidget(dock, 8);
     show();
@@ -161,8 +229,51 @@ void KalConsole::display(bool shown, const QColor& colour, const QString& text)
 {
     if (!shown || !m_consoleOutput)
         return;
-    m_consoleOutput->setTextColor(colour);
-    m_consoleOutput->append(text);
+    if (document)
+        document->append(colour, text);
+}
+
+void KalConsole::displayKind(int kind, const QString& text)
+{
+    switch (kind) {
+    case ConsoleEvent::Information:
+        displayInfo(text);
+        break;
+    case ConsoleEvent::Warning:
+        displayWarning(text);
+        break;
+    default:
+        displayError(text);
+        break;
+    }
+}
+
+// What other threads wrote, shown a slice at a time and laid out once a
+// slice; the rest waits for the next wake-up, behind the events that came
+// meanwhile.
+void KalConsole::showInbox()
+{
+    std::vector<ConsoleInbox::Line> lines;
+    long long dropped = 0;
+    if (!document) {
+        inbox.discard();
+        return;
+    }
+    QElapsedTimer clock;
+    clock.start();
+    bool more = true;
+    document->beginBatch();
+    for (int take = 0; more && take < kTakesPerSlice && clock.elapsed() < kSliceMs; ++take) {
+        lines.clear();
+        more = inbox.take(lines, kTakenLines, dropped);
+        document->addDropped(dropped);
+        dropped = 0;
+        for (const ConsoleInbox::Line& line : lines)
+            displayKind(line.kind, line.text);
+    }
+    document->endBatch();
+    if (more)
+        inbox.postWakeUp();
 }
 
 void KalConsole::displayError(const QString& text)
@@ -180,8 +291,10 @@ void KalConsole::displayWarning(const QString& text)
     display(showWarnings, warningColour, text);
 }
 
-// Text written on another thread cannot touch the widgets: it travels to the
-// console's thread as an event and is shown there, in the order it came.
+// Text written on another thread cannot touch the widgets: it waits in the
+// inbox for the console's thread and is shown there, in the order it came.
+// The redirector calls back only while capture lasts, so the console is
+// there to take it.
 void KalConsole::stdErrCallback(const char* text, std::streamsize, void* data)
 {
     auto* console = static_cast<KalConsole*>(data);
@@ -190,9 +303,7 @@ void KalConsole::stdErrCallback(const char* text, std::streamsize, void* data)
         console->displayError(line);
         return;
     }
-    auto* event = new ConsoleEvent(line);
-    event->setKind(ConsoleEvent::Error);
-    QCoreApplication::postEvent(console, event);
+    console->inbox.push(ConsoleEvent::Error, line);
 }
 
 void KalConsole::stdOutCallback(const char* text, std::streamsize, void* data)
@@ -203,9 +314,7 @@ void KalConsole::stdOutCallback(const char* text, std::streamsize, void* data)
         console->displayInfo(line);
         return;
     }
-    auto* event = new ConsoleEvent(line);
-    event->setKind(ConsoleEvent::Information);
-    QCoreApplication::postEvent(console, event);
+    console->inbox.push(ConsoleEvent::Information, line);
 }
 
 void KalConsole::soErrorHandler(const SoError* error, void* data)
@@ -228,24 +337,17 @@ void KalConsole::soErrorHandler(const SoError* error, void* data)
         }
     }
     event->setKind(kind);
-    QCoreApplication::postEvent(console, event);
+    postToListedConsole(console, event);
 }
 
 bool KalConsole::event(QEvent* event)
 {
     if (event->type() == ConsoleEvent::TypeId) {
         auto* report = static_cast<ConsoleEvent*>(event);
-        switch (report->getKind()) {
-        case ConsoleEvent::Information:
-            displayInfo(report->getText());
-            break;
-        case ConsoleEvent::Warning:
-            displayWarning(report->getText());
-            break;
-        default:
-            displayError(report->getText());
-            break;
-        }
+        displayKind(report->getKind(), report->getText());
+    } else if (event->type() == ConsoleInbox::WakeUpType) {
+        showInbox();
+        return true;
     }
     return QObject::event(event);
 }
@@ -254,6 +356,7 @@ void KalConsole::installErrorHandlers()
 {
     if (handlersInstalled)
         return;
+    listConsole(this);
     for (size_t i = 0; i < savedHandlers.size(); ++i) {
         savedHandlers[i].callback = kErrorClasses[i].callback();
         savedHandlers[i].data = kErrorClasses[i].data();
@@ -268,13 +371,14 @@ void KalConsole::restoreErrorHandlers()
         return;
     for (size_t i = 0; i < savedHandlers.size(); ++i)
         kErrorClasses[i].set(savedHandlers[i].callback, savedHandlers[i].data);
+    unlistConsole(this);
     handlersInstalled = false;
 }
 
 void KalConsole::clear()
 {
-    if (m_consoleOutput)
-        m_consoleOutput->clear();
+    if (document)
+        document->clear();
 }
 
 // Each toggle of a button calls its slot once, which keeps flag and button

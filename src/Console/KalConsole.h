@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ConsoleInbox.h"
 #include "StdStreamRedirector.h"
 #include "ui_m_consoleFrame.h"
 
@@ -14,6 +15,8 @@
 #include <array>
 #include <memory>
 
+class ConsoleDocument;
+class ConsoleFinder;
 class QDockWidget;
 class QFrame;
 
@@ -76,6 +79,8 @@ public slots:
 
 private:
     void display(bool shown, const QColor& colour, const QString& text);
+    void displayKind(int kind, const QString& text);
+    void showInbox();
     void installErrorHandlers();
     void keepButtonsInSight();
     void restoreErrorHandlers();
@@ -102,6 +107,15 @@ private:
     std::array<SavedHandler, 6> savedHandlers;
     bool handlersInstalled = false;
 
-    std::unique_ptr<StdStreamRedirector<char>> errRedirector;
-    std::unique_ptr<StdStreamRedirector<char>> outRedirector;
+    // Retired rather than freed when capture ends: a thread may still be
+    // writing through one.
+    using Redirector = std::unique_ptr<StdStreamRedirector<char>, StdStreamRedirector<char>::Retire>;
+    Redirector errRedirector;
+    Redirector outRedirector;
+
+    // Lines from other threads on their way to the text, the text kept to
+    // its limit, and find.
+    ConsoleInbox inbox;
+    std::unique_ptr<ConsoleDocument> document;
+    ConsoleFinder* finder = nullptr;
 };

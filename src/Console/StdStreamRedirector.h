@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <ios>
 #include <memory>
 #include <mutex>
@@ -22,6 +23,11 @@
 // the next line feed. That order is kept as it is. (The GNU library formats
 // a number into one block, so numbers arrive as blocks; put() and
 // std::endl's line feed are what come singly.)
+//
+// A redirector that is let go while other threads may still be writing is
+// detached and retired rather than freed (see Retire): a writer that had
+// already fetched the stream's buffer may enter it after the stream got its
+// old buffer back, and must find it there.
 //
 // Any other thread gathers what it writes, blocks and characters alike, in a
 // line of its own and hands over whole lines only: "t" << 3 << '\n' is one
@@ -47,11 +53,42 @@ public:
 
     // Once the sink is closed no thread calls back any more, not even one
     // that ends later with half a line: the callback's data may be gone.
-    ~StdStreamRedirector() override
+    ~StdStreamRedirector() override { detach(); }
+
+    // Gives the stream its buffer back and stops calling back; a callback
+    // running on another thread has returned when this returns. What is
+    // written here afterwards goes on to the previous buffer.
+    void detach()
     {
+        if (m_detached.exchange(true))
+            return;
         m_stream.rdbuf(m_previous);
         m_sink->close();
+        m_pending.clear();
+        m_pending.shrink_to_fit();
+        m_block.clear();
+        m_block.shrink_to_fit();
     }
+
+    // The deleter for a redirector that other threads may be inside: it is
+    // detached, then kept for the rest of the process instead of freed. A
+    // profile switch costs one such object, a few dozen bytes, which is the
+    // price of never pulling a buffer out from under a writer.
+    struct Retire
+    {
+        void operator()(StdStreamRedirector* redirector) const
+        {
+            if (!redirector)
+                return;
+            redirector->detach();
+            static std::mutex mutex;
+            // Never freed, so that not even the end of the process frees a
+            // redirector a detached thread is writing through.
+            static auto* retired = new std::vector<StdStreamRedirector*>;
+            const std::lock_guard<std::mutex> lock(mutex);
+            retired->push_back(redirector);
+        }
+    };
 
     StdStreamRedirector(const StdStreamRedirector&) = delete;
     StdStreamRedirector& operator=(const StdStreamRedirector&) = delete;
@@ -65,6 +102,8 @@ protected:
     {
         if (Traits::eq_int_type(c, Traits::eof()))
             return Traits::not_eof(c);
+        if (m_detached.load(std::memory_order_acquire))
+            return m_previous ? m_previous->sputc(Traits::to_char_type(c)) : Traits::eof();
         const Char character = Traits::to_char_type(c);
         if (std::this_thread::get_id() != m_owner) {
             gather(&character, 1);
@@ -86,6 +125,8 @@ protected:
     {
         if (count <= 0)
             return count;
+        if (m_detached.load(std::memory_order_acquire))
+            return m_previous ? m_previous->sputn(text, count) : 0;
         if (std::this_thread::get_id() != m_owner) {
             gather(text, count);
             return count;
@@ -194,6 +235,7 @@ private:
     std::basic_streambuf<Char>* m_previous;
     const std::thread::id m_owner;
     const std::shared_ptr<Sink> m_sink;
+    std::atomic<bool> m_detached{false};
     String m_pending;
     String m_block;
 };

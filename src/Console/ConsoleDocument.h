@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QTextCursor>
+
+class QTextEdit;
+
+// The console's text, kept to at most a given number of lines. Past that the
+// oldest lines go, and a first line, in grey, says how many went. Lines are
+// written as QTextEdit::append writes them, in the current colour; a batch
+// of them is laid out once instead of once a line.
+class ConsoleDocument
+{
+public:
+    // The number of lines kept when the preference does not say.
+    static constexpr int kDefaultMaxLines = 100000;
+    // The preference that says it, read like KALIBRA_STDOUT_CAPTURE.
+    static const char* const kMaxLinesPreference;
+    static int maxLinesPreference();
+
+    ConsoleDocument(QTextEdit* edit, int maxLines);
+    ConsoleDocument(const ConsoleDocument&) = delete;
+    ConsoleDocument& operator=(const ConsoleDocument&) = delete;
+
+    int maxLines() const { return m_maxLines; }
+    long long droppedLines() const { return m_dropped; }
+
+    void append(const QColor& colour, const QString& text);
+    // Lines appended between these two are laid out, trimmed and scrolled to
+    // once, at the end.
+    void beginBatch();
+    void endBatch();
+    // Lines that were dropped before they reached the text.
+    void addDropped(long long count);
+    void clear();
+
+private:
+    int keptLines() const;
+    void trim();
+    void writeNote();
+
+    QTextEdit* const m_edit;
+    const int m_maxLines;
+    long long m_dropped = 0;
+    bool m_hasNote = false;
+    // Lines were dropped during a batch; the note waits for its end.
+    bool m_noteDue = false;
+    int m_batchDepth = 0;
+    bool m_batchAtBottom = false;
+    QTextCursor m_batchCursor;
+};

@@ -6,7 +6,7 @@ ASAN_BUILD ?= build-asan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build test demo bench package sanitize test-sanitize monkey monkey-sanitize fuzz format clean
+.PHONY: all deps configure build test demo bench bench-check package sanitize test-sanitize monkey monkey-sanitize fuzz format clean
 
 all: build
 
@@ -25,8 +25,18 @@ test: build
 demo: build
 	@scripts/demo.sh $(BUILD)
 
+# Every benchmark program, then the check of each figure against its floor
+# from the same run (bench/floors.txt); the check fails when a ratio misses
+# its target. `make bench-check` checks the figures of the last run again;
+# BENCH_CHECK_TIME=cpu_time compares CPU time on a machine others load.
+BENCH_CHECK_TIME ?= real_time
 bench: build
+	@scripts/install-deps.sh bench
 	@scripts/bench.sh $(BUILD)
+	@python3 scripts/bench-check.py --figures $(BUILD)/bench --time $(BENCH_CHECK_TIME)
+
+bench-check:
+	@python3 scripts/bench-check.py --figures $(BUILD)/bench --time $(BENCH_CHECK_TIME)
 
 # A Debian package of what `cmake --install` installs, under /usr. Its
 # dependencies come from dpkg-shlibdeps: they are printed, and a package that

@@ -1,16 +1,27 @@
 #!/usr/bin/env bash
 # Runs every benchmark program with repetitions and writes the figures
 # (mean, median, standard deviation) as JSON under <build>/bench/.
+#   scripts/bench.sh [build] [bench_Name ...]
+# With program names, only those run again (a figure that came out noisy);
+# the others' figures stay as the last run wrote them.
+# scripts/bench-check.py then checks each figure against its floor.
 set -euo pipefail
 build=${1:-build}
+shift || true
 out="$build/bench"
 mkdir -p "$out"
 export QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
-for program in "$build"/bin/bench_*; do
-    [ -x "$program" ] || continue
+programs=()
+for name in "${@:-bench_*}"; do
+    for program in "$build"/bin/$name; do
+        if [ -x "$program" ]; then programs+=("$program"); fi
+    done
+done
+[ ${#programs[@]} -gt 0 ] || { echo "no benchmark program in $build/bin" >&2; exit 1; }
+for program in "${programs[@]}"; do
     name=$(basename "$program")
     echo "== $name"
-    "$program" --benchmark_repetitions="${BENCH_REPETITIONS:-10}" \
+    "$program" --benchmark_repetitions="${BENCH_REPETITIONS:-5}" \
         --benchmark_report_aggregates_only=true \
         --benchmark_out="$out/$name.json" --benchmark_out_format=json
 done

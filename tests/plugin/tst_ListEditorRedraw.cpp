@@ -1,0 +1,118 @@
+// What a list editor draws again when its list changes or scrolls, through
+// the real plug-in module in the host's "Field Editor" dock: a refresh that
+// keeps the count and a page down must draw no more of the editor than the
+// rows themselves, as a bare table would. The time they take is measured in
+// bench/; here, which widgets are painted and laid out.
+#include "AllFieldsNode.h"
+#include "ListEditorTesting.h"
+
+#include <QScrollBar>
+#include <QSet>
+
+#include <algorithm>
+
+using namespace ListEditorTesting;
+
+namespace {
+
+// Which widgets were painted and which were laid out again, anywhere in the
+// application, while it is alive.
+class RedrawLog : public QObject
+{
+public:
+    RedrawLog() { qApp->installEventFilter(this); }
+    ~RedrawLog() override { qApp->removeEventFilter(this); }
+    QSet<QObject*> painted;
+    QSet<QObject*> laidOut;
+
+    // The widgets in `within` (itself included) painted other than those in
+    // `allowed` and their children, by object and class name.
+    QStringList paintedBesides(QWidget* within, const QList<QWidget*>& allowed) const
+    {
+        QStringList names;
+        for (QObject* object : painted) {
+            auto* widget = qobject_cast<QWidget*>(object);
+            if (!widget || !(widget == within || within->isAncestorOf(widget)))
+                continue;
+            if (std::none_of(allowed.cbegin(), allowed.cend(),
+                             [&](QWidget* a) { return a == widget || a->isAncestorOf(widget); }))
+                names << widget->objectName() + QLatin1Char(':') + widget->metaObject()->className();
+        }
+        return names;
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            painted.insert(watched);
+        else if (event->type() == QEvent::LayoutRequest)
+            laidOut.insert(watched);
+        return false;
+    }
+};
+
+} // namespace
+
+class tst_ListEditorRedraw : public ListEditorFixture
+{
+    Q_OBJECT
+
+private slots:
+    void unchangedCountRedrawsOnlyTheCells();
+    void pageRedrawsOnlyTheTable();
+};
+
+// A refresh that keeps the count leaves the quick-access box's range alone:
+// setting it, even to the same bounds, laid the whole editor out again and
+// repainted it, several times the cost of drawing the changed cells.
+void tst_ListEditorRedraw::unchangedCountRedrawsOnlyTheCells()
+{
+    select(&m_node->mfFloat);
+    QTest::qWait(20);
+    QWidget* editorFrame = dock()->widget();
+    const RedrawLog log;
+    m_node->mfFloat.set1Value(1, 8.0f);
+    processSensors();
+    QTRY_VERIFY(log.painted.contains(table()->viewport()));
+    QTest::qWait(20);
+    const QStringList painted = log.paintedBesides(editorFrame, {table()->viewport()});
+    QVERIFY2(painted.isEmpty(), qPrintable(painted.join(QLatin1String(", "))));
+    QVERIFY(!log.laidOut.contains(editorFrame));
+    QVERIFY(!log.laidOut.contains(accessBox()));
+    QCOMPARE(shownEditor()->getValueText(1, 0), QStringLiteral("8"));
+    QCOMPARE(accessBox()->maximum(), 3);
+}
+
+// Scrolling a page draws the rows that come into view and their numbers,
+// as a bare table does, and nothing else of the editor.
+void tst_ListEditorRedraw::pageRedrawsOnlyTheTable()
+{
+    QStringList many;
+    for (int i = 0; i < 1000; ++i)
+        many << QString::number(i);
+    fill(m_node->mfString, many);
+    select(&m_node->mfString);
+    QTest::qWait(20);
+    QScrollBar* bar = table()->verticalScrollBar();
+    QVERIFY(bar->maximum() > bar->pageStep());
+    const RedrawLog log;
+    bar->setValue(bar->value() + bar->pageStep());
+    QTRY_VERIFY(log.painted.contains(table()->viewport()));
+    QTest::qWait(20);
+    // The platform may have the area under the scrolled rows drawn again by
+    // the table and the frame behind it, as it does for a bare table; no
+    // other control of the editor is drawn.
+    QWidget* editorFrame = dock()->widget();
+    QStringList painted;
+    for (QWidget* control : editorFrame->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (control != table())
+            painted += log.paintedBesides(control, {});
+    }
+    QVERIFY2(painted.isEmpty(), qPrintable(painted.join(QLatin1String(", "))));
+    QVERIFY(!log.laidOut.contains(editorFrame));
+    QCOMPARE(table()->rowAt(0), bar->value());
+}
+
+QTEST_MAIN(tst_ListEditorRedraw)
+#include "tst_ListEditorRedraw.moc"

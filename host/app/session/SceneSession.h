@@ -5,7 +5,6 @@
 
 #include <functional>
 
-class CommandNamer;
 class QWidget;
 class SceneModel;
 class SoField;
@@ -32,6 +31,7 @@ public:
     // Messages and questions go to a person in boxes over the window when
     // interactive is set; otherwise the questions take their defaults.
     SceneSession(SceneModel* model, QWidget* window, bool interactive, QObject* parent = nullptr);
+    ~SceneSession() override;
 
     void openSample();
     bool openScene(const QString& path);
@@ -75,17 +75,14 @@ signals:
 
 private:
     void setScene(SoSeparator* root, const QString& path);
-    void fieldChanged(SoField* field);
     QString askForFile(FileQuestion question);
     QString startDirectory() const;
     void rememberDirectory(const QString& path);
 
     SceneModel* m_model;
-    CommandNamer* m_namer;
     QWidget* m_window;
     bool m_interactive;
     QString m_path;
-    bool m_changedSinceSave = false;
     SoFieldContainer* m_selectedNode = nullptr;
     SoField* m_selectedField = nullptr;
     std::function<bool()> m_discardQuestion;

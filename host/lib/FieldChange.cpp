@@ -63,6 +63,14 @@ bool FieldChange::join(FieldChange& later)
     return !m_before.matches(m_after.copy());
 }
 
+bool FieldChange::onlyClearsDefault() const
+{
+    SoField* before = m_before.copy();
+    SoField* after = m_after.copy();
+    return !m_span && before && after && before->isDefault() && !after->isDefault() &&
+           before->isIgnored() == after->isIgnored() && m_before.holdsValueOf(after);
+}
+
 void FieldChange::writeBefore() const
 {
     if (m_span)

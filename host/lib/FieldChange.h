@@ -29,6 +29,10 @@ public:
     // The whole value before, where it is kept; null for a list span.
     SoField* wholeBefore() const { return m_before.copy(); }
 
+    // The value is as it was and only the field's default flag went: what
+    // an editor does when it writes the value it was just filled with.
+    bool onlyClearsDefault() const;
+
     void writeBefore() const;
     void writeAfter() const;
 

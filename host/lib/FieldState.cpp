@@ -2,10 +2,14 @@
 
 #include "ListMemory.h"
 
+#include <Inventor/SbName.h>
 #include <Inventor/SbString.h>
+#include <Inventor/fields/SoMFEnum.h>
 #include <Inventor/fields/SoMField.h>
+#include <Inventor/fields/SoSFEnum.h>
 
 #include <cstring>
+#include <vector>
 
 namespace {
 bool sameFlags(SoField* a, SoField* b)
@@ -35,6 +39,22 @@ bool sameValue(SoField* kept, SoField* field)
     return a == b;
 }
 
+// An enumeration's names belong to the field, not to its type: a copy
+// without them would write its value as an empty set of names.
+template <class Enum>
+void copyNames(SoField* from, SoField* to)
+{
+    if (!from->isOfType(Enum::getClassTypeId()))
+        return;
+    const auto* source = static_cast<Enum*>(from);
+    const int count = source->getNumEnums();
+    std::vector<int> values(std::size_t(count > 0 ? count : 0));
+    std::vector<SbName> names(values.size());
+    for (int i = 0; i < count; ++i)
+        values[std::size_t(i)] = source->getEnum(i, names[std::size_t(i)]);
+    static_cast<Enum*>(to)->setEnums(count, values.data(), names.data());
+}
+
 void copyFlags(SoField* from, SoField* to)
 {
     to->setIgnored(from->isIgnored());
@@ -61,10 +81,13 @@ void FieldState::refresh(SoField* field)
         m_copy.reset();
         return;
     }
-    if (!m_copy || m_copy->getTypeId() != field->getTypeId())
+    if (!m_copy || m_copy->getTypeId() != field->getTypeId()) {
         m_copy.reset(static_cast<SoField*>(field->getTypeId().createInstance()));
-    if (!m_copy)
-        return;
+        if (!m_copy)
+            return;
+    }
+    copyNames<SoSFEnum>(field, m_copy.get());
+    copyNames<SoMFEnum>(field, m_copy.get());
     m_copy->copyFrom(*field);
     copyFlags(field, m_copy.get());
 }
@@ -74,6 +97,11 @@ bool FieldState::matches(SoField* field) const
     if (!m_copy || !field || m_copy->getTypeId() != field->getTypeId())
         return false;
     return sameFlags(m_copy.get(), field) && sameValue(m_copy.get(), field);
+}
+
+bool FieldState::holdsValueOf(SoField* field) const
+{
+    return m_copy && field && m_copy->getTypeId() == field->getTypeId() && sameValue(m_copy.get(), field);
 }
 
 void FieldState::writeInto(SoField* field) const

@@ -23,6 +23,8 @@ public:
     // Becomes the field's present state.
     void refresh(SoField* field);
     bool matches(SoField* field) const;
+    // As matches(), the flags left out.
+    bool holdsValueOf(SoField* field) const;
     void writeInto(SoField* field) const;
 
 private:

@@ -52,6 +52,16 @@ void HistoryKeeper::watch(SoField* field)
     endBurst();
     if (!field)
         return;
+    // The editors are filled after this, in the same turn of the event loop.
+    m_filling = true;
+    m_typing = false;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_filling = false;
+            endBurst();
+        },
+        Qt::QueuedConnection);
     m_field = field;
     m_seen.refresh(field);
     m_sensor = std::make_unique<SoFieldSensor>(&HistoryKeeper::fieldChanged, this);
@@ -124,6 +134,12 @@ std::unique_ptr<FieldChange> HistoryKeeper::takeChange()
     if (!m_field)
         return nullptr;
     std::unique_ptr<FieldChange> change = FieldChange::between(m_seen, m_field);
+    if (change && m_filling && change->onlyClearsDefault()) {
+        beginRestore();
+        change->writeBefore();
+        endRestore(m_field);
+        return nullptr;
+    }
     if (change) {
         std::swap(m_seen, m_previous);
         m_seen.refresh(m_field);

@@ -39,10 +39,15 @@ public:
     // state up to date.
     std::unique_ptr<FieldChange> takeChange();
     bool otherFieldChanged() const { return m_otherChanged; }
-    // Entries made in one burst of typing share its number; an entry made
-    // otherwise (a click, Return) gets -1 and joins nothing.
-    int burst() const { return m_typing ? m_burst : -1; }
+    // Entries made in one burst of typing share its number; so do those an
+    // editor makes while it is filled with a newly selected field (a spin
+    // box that emits each value it is given). An entry made otherwise (a
+    // click, Return) gets -1 and joins nothing.
+    int burst() const { return m_typing || m_filling ? m_burst : -1; }
     void endBurst() { ++m_burst; }
+    // Editors being filled with a newly selected field may write its value
+    // back unchanged; that is no edit, and the field keeps its default flag.
+    bool isFilling() const { return m_filling; }
     // Undo and redo write fields: not changes of the user's.
     void beginRestore();
     void endRestore(SoField* field);
@@ -76,6 +81,7 @@ private:
     int m_restoring = 0;
     bool m_pushing = false;
     bool m_typing = false;
+    bool m_filling = false;
     bool m_otherChanged = false;
     bool m_checkQueued = false;
 };

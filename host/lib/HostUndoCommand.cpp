@@ -75,8 +75,14 @@ bool HostUndoCommand::mergeWith(const QUndoCommand* other)
     if (later->m_change) {
         if (!m_change->canJoin(*later->m_change))
             return false;
-        if (!m_change->join(*later->m_change))
+        if (!m_change->join(*later->m_change)) {
             setObsolete(true);
+        } else if (m_keeper->isFilling() && m_change->onlyClearsDefault()) {
+            m_keeper->beginRestore();
+            m_change->writeBefore();
+            m_keeper->endRestore(m_change->field());
+            setObsolete(true);
+        }
     }
     // The commands of the burst stay, in order, so that undo and redo still
     // run each one as pushed.

@@ -1,5 +1,6 @@
 #include "KalServices.h"
 
+#include "HistoryKeeper.h"
 #include "HostUndoCommand.h"
 #include "KalCommand.h"
 
@@ -14,6 +15,7 @@ KalServices* KalServices::getInstance()
 
 KalServices::KalServices()
     : m_stack(new QUndoStack(this))
+    , m_keeper(new HistoryKeeper(this, m_stack))
 {
     setObjectName(QStringLiteral("KalServices"));
     m_stack->setObjectName(QStringLiteral("KalUndoStack"));
@@ -25,9 +27,33 @@ void KalServices::pushCommand(KalCommand* command)
 {
     if (!command)
         return;
+    if (m_keeper->options()) {
+        m_keeper->push(new HostUndoCommand(command, m_keeper));
+        return;
+    }
     auto* entry = new HostUndoCommand(command);
-    entry->setText(tr("Edit %1").arg(m_stack->index() + 1));
+    entry->setText(m_keeper->fallbackName());
     m_stack->push(entry);
+}
+
+void KalServices::setHistoryOptions(HistoryOptions options)
+{
+    m_keeper->setOptions(options);
+}
+
+KalServices::HistoryOptions KalServices::historyOptions() const
+{
+    return m_keeper->options();
+}
+
+void KalServices::setEntryNamer(EntryNamer namer)
+{
+    m_keeper->setNamer(std::move(namer));
+}
+
+void KalServices::noteFieldChange(SoField* field)
+{
+    m_keeper->noteFieldChange(field);
 }
 
 int KalServices::commandCount() const
@@ -62,6 +88,7 @@ bool KalServices::redo()
 
 void KalServices::clearHistory()
 {
+    m_keeper->endBurst();
     m_stack->clear();
 }
 

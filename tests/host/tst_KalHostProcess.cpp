@@ -94,11 +94,11 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     const Run run = kalhost({QStringLiteral("--tour"), directory});
     QVERIFY2(run.code == 0, qPrintable(run.out + run.err));
     QVERIFY2(!run.out.contains(QLatin1String("FAILED")), qPrintable(run.out));
-    const char* const shots[] = {"01-float.png",       "02-enum.png",        "03-rotation.png",
-                                 "04-bitmask.png",     "05-colour.png",      "06-float-again.png",
-                                 "07-edited.png",      "08-undone.png",      "09-list-row-added.png",
-                                 "10-list-edited.png", "11-list-undone.png", "12-colour-list.png",
-                                 "13-vector-list.png", "14-filter.png"};
+    const char* const shots[] = {"01-float.png",         "02-enum.png",        "03-rotation.png",
+                                 "04-bitmask.png",       "05-colour.png",      "06-float-again.png",
+                                 "07-edited.png",        "08-undone.png",      "09-list-row-added.png",
+                                 "10-list-edited.png",   "11-list-undone.png", "12-colour-list.png",
+                                 "13-colour-undone.png", "14-vector-list.png", "15-filter.png"};
     for (const char* shot : shots) {
         const QString path = QDir(directory).filePath(QLatin1String(shot));
         QVERIFY2(run.out.contains(path), shot);
@@ -115,9 +115,14 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     // The scene's colour and coordinate lists, each edited in its editor.
     QVERIFY2(run.out.contains(QStringLiteral("typed 0.1 into R")), qPrintable(run.out));
     const QImage colours(QDir(directory).filePath(QStringLiteral("12-colour-list.png")));
-    const QImage vectors(QDir(directory).filePath(QStringLiteral("13-vector-list.png")));
+    const QImage colourUndone(QDir(directory).filePath(QStringLiteral("13-colour-undone.png")));
+    const QImage vectors(QDir(directory).filePath(QStringLiteral("14-vector-list.png")));
     QVERIFY(listUndone != colours);
-    QVERIFY(colours != vectors);
+    QVERIFY(colours != colourUndone);
+    QVERIFY(colourUndone != vectors);
+    // The colour's undo names the row and both values: the gold comes back.
+    QVERIFY2(run.out.contains(QStringLiteral("Edit > Undo Set row 1 of Gold.diffuseColor: 0.85 0.6 0.15 ")),
+             qPrintable(run.out));
     // The edited screenshot differs from the one before the edit, and the
     // undone one shows the editor as before.
     const QImage before(QDir(directory).filePath(QStringLiteral("06-float-again.png")));

@@ -42,15 +42,28 @@ QString formatFilter(SceneDocument::Format format)
 SceneSession::SceneSession(SceneModel* model, QWidget* window, bool interactive, QObject* parent)
     : QObject(parent)
     , m_model(model)
-    , m_namer(new CommandNamer(KalServices::getInstance()->undoStack(), this))
     , m_window(window)
     , m_interactive(interactive)
 {
     initHostResources();
-    connect(m_model, &SceneModel::fieldChanged, this, &SceneSession::fieldChanged);
-    connect(m_model, &SceneModel::fieldChanged, m_namer, &CommandNamer::noteChange);
-    connect(KalServices::getInstance(), &KalServices::selectedNodeChanged, m_namer,
-            &CommandNamer::noteSelection);
+    // The plug-in's commands run as designed; the history around them
+    // keeps what the user saw, so that undo and redo give it back, one
+    // entry per change, named, and none for a change that changed nothing.
+    KalServices* services = KalServices::getInstance();
+    services->setHistoryOptions(KalServices::RestoreValues | KalServices::MergeTyping |
+                                KalServices::HideNoOps | KalServices::RecordUnreported);
+    services->setEntryNamer(&CommandNamer::nameEntry);
+    connect(m_model, &SceneModel::fieldChanged, services, &KalServices::noteFieldChange);
+    // Every change the user makes is an entry: the file is modified exactly
+    // when the history is away from where it was opened or saved.
+    connect(services->undoStack(), &QUndoStack::cleanChanged, this, &SceneSession::documentChanged);
+}
+
+SceneSession::~SceneSession()
+{
+    KalServices* services = KalServices::getInstance();
+    services->setHistoryOptions({});
+    services->setEntryNamer(nullptr);
 }
 
 QString SceneSession::scenePath() const
@@ -70,7 +83,7 @@ const SceneReadReport& SceneSession::readReport() const
 
 bool SceneSession::hasUnsavedChanges() const
 {
-    return m_changedSinceSave;
+    return !KalServices::getInstance()->undoStack()->isClean();
 }
 
 void SceneSession::setDiscardQuestion(std::function<bool()> question)
@@ -131,7 +144,6 @@ void SceneSession::setScene(SoSeparator* root, const QString& path)
     m_model->setRoot(root);
     root->unrefNoDelete();
     m_path = path;
-    m_changedSinceSave = false;
     KalServices::getInstance()->undoStack()->setClean();
     emit replaced();
 }
@@ -144,7 +156,6 @@ void SceneSession::letGoOfScene()
     m_selectedField = nullptr;
     m_selectedNode = nullptr;
     services->clearHistory();
-    m_namer->reset();
 }
 
 bool SceneSession::saveScene(const QString& path)
@@ -165,7 +176,6 @@ bool SceneSession::saveScene(const QString& path, SceneDocument::Format format)
     rememberDirectory(path);
     m_path = QFileInfo(path).absoluteFilePath();
     m_format = format;
-    m_changedSinceSave = false;
     KalServices::getInstance()->undoStack()->setClean();
     emit saved(path, milliseconds);
     emit documentChanged();
@@ -229,7 +239,7 @@ void SceneSession::rememberDirectory(const QString& path)
 
 bool SceneSession::mayDiscard()
 {
-    if (!m_changedSinceSave)
+    if (!hasUnsavedChanges())
         return true;
     if (m_discardQuestion)
         return m_discardQuestion();
@@ -261,12 +271,4 @@ void SceneSession::announceSelectionAgain()
     KalServices* services = KalServices::getInstance();
     emit services->selectedNodeChanged(m_selectedNode);
     emit services->selectedFieldChanged(m_selectedField);
-}
-
-void SceneSession::fieldChanged(SoField*)
-{
-    if (!m_changedSinceSave) {
-        m_changedSinceSave = true;
-        emit documentChanged();
-    }
 }

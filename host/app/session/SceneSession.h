@@ -8,7 +8,6 @@
 
 #include <functional>
 
-class CommandNamer;
 class QWidget;
 class SceneModel;
 class SoField;
@@ -35,6 +34,7 @@ public:
     // Messages and questions go to a person in boxes over the window when
     // interactive is set; otherwise the questions take their defaults.
     SceneSession(SceneModel* model, QWidget* window, bool interactive, QObject* parent = nullptr);
+    ~SceneSession() override;
 
     void openSample();
     bool openScene(const QString& path);
@@ -83,20 +83,17 @@ signals:
 
 private:
     void setScene(SoSeparator* root, const QString& path);
-    void fieldChanged(SoField* field);
     // Save As also asks for the format, starting from *format.
     QString askForFile(FileQuestion question, SceneDocument::Format* format);
     QString startDirectory() const;
     void rememberDirectory(const QString& path);
 
     SceneModel* m_model;
-    CommandNamer* m_namer;
     QWidget* m_window;
     bool m_interactive;
     QString m_path;
     SceneDocument::Format m_format = SceneDocument::Format::Ascii;
     SceneReadReport m_readReport;
-    bool m_changedSinceSave = false;
     SoFieldContainer* m_selectedNode = nullptr;
     SoField* m_selectedField = nullptr;
     std::function<bool()> m_discardQuestion;

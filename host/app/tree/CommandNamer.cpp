@@ -9,12 +9,10 @@
 #include <Inventor/fields/SoFieldData.h>
 #include <Inventor/fields/SoMField.h>
 
-#include <QUndoStack>
 #include <QVector>
 
 namespace {
 constexpr int kMaxValueLength = 40;
-constexpr int kMaxKnownFields = 4096;
 
 // "Node.field", the node by its name, or by its type when it has none.
 QString placeOf(SoField* field)
@@ -61,18 +59,11 @@ QVector<int> changedRows(const QStringList& before, const QStringList& after, in
 }
 } // namespace
 
-CommandNamer::CommandNamer(QUndoStack* stack, QObject* parent)
-    : QObject(parent)
-    , m_stack(stack)
+QString CommandNamer::nameEntry(SoField* field, SoField* before)
 {
-    connect(m_stack, &QUndoStack::indexChanged, this, &CommandNamer::nameNewCommand);
-}
-
-void CommandNamer::reset()
-{
-    m_known.clear();
-    m_changed = nullptr;
-    m_lastNamed = nullptr;
+    if (!field || !before)
+        return QString();
+    return describe(field, seen(before), seen(field));
 }
 
 QString CommandNamer::shortText(SoField* field)
@@ -147,42 +138,4 @@ QString CommandNamer::describe(SoField* field, const QString& before, const QStr
     if (before.isNull() || before == after)
         return tr("Set %1 to %2").arg(where, after);
     return tr("Set %1: %2 \u2192 %3").arg(where, before, after);
-}
-
-void CommandNamer::noteSelection(SoFieldContainer* container)
-{
-    const SoFieldData* data = container ? container->getFieldData() : nullptr;
-    if (!data)
-        return;
-    if (m_known.size() > kMaxKnownFields)
-        m_known.clear();
-    for (int i = 0; i < data->getNumFields(); ++i) {
-        SoField* field = data->getField(container, i);
-        m_known.insert(field, seen(field));
-    }
-}
-
-void CommandNamer::noteChange(SoField* field)
-{
-    m_changed = field;
-}
-
-void CommandNamer::nameNewCommand()
-{
-    // A push leaves the history at its top with a command not seen there
-    // before; undo and redo move the index only.
-    SoField* field = m_changed;
-    m_changed = nullptr;
-    const int count = m_stack->count();
-    const QUndoCommand* top = count > 0 ? m_stack->command(count - 1) : nullptr;
-    if (!top || m_stack->index() != count || top == m_lastNamed)
-        return;
-    m_lastNamed = top;
-    if (!field)
-        return;
-    const Seen after = seen(field);
-    const QString text = describe(field, m_known.value(field), after);
-    m_known.insert(field, after);
-    // The stack owns its commands; only their text changes here.
-    const_cast<QUndoCommand*>(top)->setText(text);
 }

@@ -1,28 +1,21 @@
 #pragma once
 
-#include <QHash>
-#include <QObject>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 class SoField;
-class SoFieldContainer;
-class QUndoCommand;
-class QUndoStack;
 
-// Gives each command an editor pushes a text that says what changed: the
-// node, the field, and the old and new value where the host saw the old one
-// (the fields of the selected node are noted when it is selected).
-class CommandNamer : public QObject
+// Gives each entry of the history a text that says what changed: the node,
+// the field, and the old and new value, read from the field and from the
+// history's copy of it as it was before the entry.
+class CommandNamer
 {
-    Q_OBJECT
-    Q_DISABLE_COPY(CommandNamer)
+    Q_DECLARE_TR_FUNCTIONS(CommandNamer)
 
 public:
-    CommandNamer(QUndoStack* stack, QObject* parent = nullptr);
-
-    // The scene is going away: forget every field.
-    void reset();
+    // The text of an entry that took `field` from the state `before` holds.
+    static QString nameEntry(SoField* field, SoField* before);
 
     // What was seen of a field: its short text, its ignore flag and, for a
     // list, its count and, for a list short enough to keep, each value's
@@ -34,8 +27,8 @@ public:
         bool ignored = false;
         QStringList rows;
     };
-    // Lists longer than this are not kept row by row: reading a long list
-    // on every selection would cost more than the history's text is worth.
+    // Lists longer than this are not read row by row: reading a long list
+    // twice for every entry would cost more than the history's text is worth.
     static constexpr int kMaxRowsNoted = 4096;
 
     static QString describe(SoField* field, const QString& before, const QString& after);
@@ -47,17 +40,4 @@ public:
     static QString describe(SoField* field, const Seen& before, const Seen& after);
     static QString shortText(SoField* field);
     static Seen seen(SoField* field);
-
-public slots:
-    void noteSelection(SoFieldContainer* container);
-    void noteChange(SoField* field);
-
-private slots:
-    void nameNewCommand();
-
-private:
-    QUndoStack* m_stack;
-    const QUndoCommand* m_lastNamed = nullptr;
-    SoField* m_changed = nullptr;
-    QHash<SoField*, Seen> m_known;
 };

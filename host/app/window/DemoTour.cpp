@@ -2,6 +2,9 @@
 
 #include "KalHostWindow.h"
 
+#include <Inventor/fields/SoMFColor.h>
+#include <Inventor/nodes/SoMaterial.h>
+
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
@@ -86,6 +89,13 @@ bool DemoTour::undoFromMenu()
     out() << "  Edit > " << undo->text().remove(QLatin1Char('&')) << '\n';
     undo->trigger();
     return true;
+}
+
+// The ornament's colour as the sample scene has it.
+bool DemoTour::goldIsBack()
+{
+    auto* gold = dynamic_cast<SoMaterial*>(SoNode::getByName("Gold"));
+    return gold && gold->diffuseColor.getNum() == 1 && gold->diffuseColor[0] == SbColor(0.85f, 0.6f, 0.15f);
 }
 
 // The list editor: a row added below the first one, a value typed into it,
@@ -178,8 +188,8 @@ void DemoTour::step()
         then(QStringLiteral("10-list-edited.png"), QStringLiteral("typed into the new row, Return"));
         return;
     case 4:
-        // The typed value's command reads its old text after the write, so
-        // its undo leaves the value; the second undo takes the row away.
+        // The first undo gives the new row its empty text back, the second
+        // takes the row away.
         m_ok = undoFromMenu() && m_ok;
         m_ok = undoFromMenu() && m_ok;
         then(QStringLiteral("11-list-undone.png"), QStringLiteral("the added row is gone again"));
@@ -191,15 +201,22 @@ void DemoTour::step()
              QStringLiteral("selected Gold.diffuseColor (MFColor), typed 0.1 into R: a green ornament"));
         return;
     case 6:
+        // The list editor's command would leave the new colour on undo; the
+        // host's history puts the gold back.
+        m_ok = undoFromMenu() && goldIsBack() && m_ok;
+        then(QStringLiteral("13-colour-undone.png"),
+             QStringLiteral("Edit > Undo: the ornament is gold again"));
+        return;
+    case 7:
         m_ok = m_host->select(QStringLiteral("PedestalCoordinates.point")) &&
                typeIntoListCell(4, 1, QStringLiteral("1.2")) && m_ok;
-        then(QStringLiteral("13-vector-list.png"),
+        then(QStringLiteral("14-vector-list.png"),
              QStringLiteral("selected PedestalCoordinates.point (MFVec3f), typed 1.2 into y of row 5: a "
                             "raised corner"));
         return;
-    case 7:
+    case 8:
         m_ok = filterTree(QStringLiteral("diffuseColor")) && m_ok;
-        then(QStringLiteral("14-filter.png"),
+        then(QStringLiteral("15-filter.png"),
              QStringLiteral("typed diffuseColor into the scene filter: the matching rows and their nodes"));
         return;
     default:

@@ -9,8 +9,8 @@ class KalHostWindow;
 // The scripted walk `make demo` takes when there is no person at a display:
 // select fields of several types, change one through its editor, undo it
 // from the Edit menu, add a row to a list and type into it, undo those, edit
-// the scene's colour and coordinate lists, and take a screenshot after each
-// step.
+// the scene's colour list and undo that, edit its coordinate list, and take
+// a screenshot after each step.
 class DemoTour : public QObject
 {
     Q_OBJECT
@@ -32,6 +32,7 @@ private:
     void then(const QString& shot, const QString& what);
     bool changeValue();
     bool undoFromMenu();
+    bool goldIsBack();
     bool addListRow();
     bool typeIntoListCell(int row, int column, const QString& text);
     bool filterTree(const QString& text);

@@ -79,7 +79,9 @@ private slots:
 
     void longNumbersAreRefused_data();
     void longNumbersAreRefused();
-    void numbersInStringsAndCommentsAreLeftAlone();
+    void longRunsAreRefusedWhereverTheyStand_data();
+    void longRunsAreRefusedWhereverTheyStand();
+    void theLongestRunAllowedReads();
     void binaryFilesAreNotScanned();
     void deepScenesOpenEditSaveAndClose();
     void deeperThanTheLargeStackIsRefused();
@@ -140,12 +142,45 @@ void tst_HostHardening::longNumbersAreRefused()
     QCOMPARE(m_host->sceneModel()->root(), before);
 }
 
-void tst_HostHardening::numbersInStringsAndCommentsAreLeftAlone()
+void tst_HostHardening::longRunsAreRefusedWhereverTheyStand_data()
 {
-    // Long digit runs inside quotes are text, and in comments nothing at
-    // all; neither reaches the number reader. The longest number allowed
-    // reads as any other.
-    const QByteArray digits(2000, '9');
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    const QByteArray number = "  Switch { whichChild " + QByteArray(5000, '7') + " }\n";
+    // Coin reads abc" as one word, so the number that follows is read as a
+    // number, and overran its buffer: exit 134.
+    QTest::newRow("quote inside a word")
+        << QByteArray("  Info { string abc\" }\n" + number) << QByteArray("# \"\n");
+    QTest::newRow("quote after a comma in a word")
+        << QByteArray("  Info { string abc,\" }\n" + number) << QByteArray("# \"\n");
+    QTest::newRow("escaped quote") << QByteArray("  Info { string \"a\\\" }\n" + number) << QByteArray();
+    QTest::newRow("hash inside a word") << QByteArray("  Info { string abc# } " + number) << QByteArray();
+    QTest::newRow("hash inside a string") << QByteArray("  Info { string \"#\" } " + number) << QByteArray();
+    QTest::newRow("comment opened inside a string")
+        << QByteArray("  Info { string \"x\n# \" }\n" + number) << QByteArray();
+    // No scene needs such a run; where it is harmless it is refused too.
+    QTest::newRow("in a string") << QByteArray("  Info { string \"" + QByteArray(2000, '9') + "\" }\n")
+                                 << QByteArray();
+    QTest::newRow("in a comment") << QByteArray("# " + QByteArray(2000, '9') + "\n") << QByteArray();
+}
+
+void tst_HostHardening::longRunsAreRefusedWhereverTheyStand()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    const QString path = m_dir.filePath(QStringLiteral("hidden-number.iv"));
+    writeFile(path, "#Inventor V2.1 ascii\nSeparator {\n" + before + "}\n" + after);
+    SoNode* previous = m_host->sceneModel()->root();
+    QVERIFY(!m_host->openScene(path));
+    QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(QLatin1String("holds a number of more than 256 characters")),
+             qPrintable(m_host->lastError()));
+    QCOMPARE(m_host->sceneModel()->root(), previous);
+}
+
+void tst_HostHardening::theLongestRunAllowedReads()
+{
+    const QByteArray digits(SceneTextCheck::kMaxNumberLength, '9');
     const QString path = m_dir.filePath(QStringLiteral("long-text.iv"));
     writeFile(path, "#Inventor V2.1 ascii\n# " + digits + "\nSeparator {\n  DEF LongText Info { string \"" +
                         digits + "\\\" " + digits + "\" }\n  Complexity { value 0." +
@@ -166,6 +201,10 @@ void tst_HostHardening::binaryFilesAreNotScanned()
     QVERIFY(SceneTextCheck::acceptable(binary, QStringLiteral("binary.iv"), &error));
     QVERIFY(error.isEmpty());
     QVERIFY(!SceneTextCheck::acceptable("#Inventor V2.1 ascii\n" + QByteArray(1000, '1'),
+                                        QStringLiteral("ascii.iv"), &error));
+    // Binary is what Coin takes for binary: a first line that only
+    // mentions the word is text, and scanned.
+    QVERIFY(!SceneTextCheck::acceptable("#Inventor V2.1 ascii binary\n" + QByteArray(1000, '1'),
                                         QStringLiteral("ascii.iv"), &error));
 }
 

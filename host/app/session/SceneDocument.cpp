@@ -60,8 +60,13 @@ SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error, Sce
     SoSeparator* root = nullptr;
     // Coin's reader recurses once per level of nesting. What it reports on
     // its way reaches the report from that thread, while this one waits.
-    LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
+    const bool completed = LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
     reports->stopListening();
+    if (!completed) {
+        *error =
+            SceneDocument::tr("Cannot read \"%1\": it asks for more memory than can be had.").arg(origin);
+        return nullptr;
+    }
     reports->setBinary(input.isBinary());
     if (!root) {
         const QString reason = reports->problems().value(0);
@@ -181,7 +186,7 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
     // 20,000 levels deep would take 400 MB of spaces.
     const bool compact = nestingDepth(root) > kMaxIndentedDepth;
     // The write action recurses once per level of the scene.
-    LargeStack::run([root, compact, format, &text] {
+    const bool written = LargeStack::run([root, compact, format, &text] {
         SoOutput output;
         output.setBuffer(malloc(4096), 4096, &realloc);
         output.setBinary(format == Format::Binary ? TRUE : FALSE);
@@ -195,6 +200,10 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
         // The buffer grew through realloc and is ours to release.
         free(buffer);
     });
+    if (!written) {
+        *error = tr("Cannot save \"%1\": there is not enough memory to write the scene.").arg(path);
+        return false;
+    }
     // Written aside and moved into place only once it is known to read
     // back, so that a save never leaves half a scene, or one this program
     // cannot open again, where the old one was.

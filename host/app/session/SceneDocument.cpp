@@ -1,6 +1,7 @@
 #include "SceneDocument.h"
 
 #include "LargeStack.h"
+#include "SceneIncludes.h"
 #include "SceneTextCheck.h"
 
 #include <Inventor/SoDB.h>
@@ -136,7 +137,7 @@ SoSeparator* SceneDocument::read(const QString& path, QString* error, SceneReadR
         *error = tr("Cannot open \"%1\": %2").arg(path, file.errorString());
         return nullptr;
     }
-    if (!acceptable(file.readAll(), path, error))
+    if (!acceptable(file.readAll(), path, info.absoluteFilePath(), info.absolutePath(), error))
         return nullptr;
     file.close();
     // Coin opens the file itself, so that what it reports names the file
@@ -150,7 +151,8 @@ SoSeparator* SceneDocument::read(const QString& path, QString* error, SceneReadR
     return readFrom(input, path, error, report, SceneReadReport::Passing::HandOn);
 }
 
-bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, QString* error)
+bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, const QString& self,
+                               const QString& folder, QString* error)
 {
     if (text.isEmpty()) {
         *error = tr("Cannot read \"%1\": the file is empty.").arg(origin);
@@ -162,13 +164,21 @@ bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, QS
                 .arg(origin);
         return false;
     }
-    return SceneTextCheck::acceptable(text, origin, error);
+    return SceneTextCheck::acceptable(text, origin, error) &&
+           SceneIncludes::acceptable(text, self, folder, error);
 }
 
 SoSeparator* SceneDocument::readBuffer(const QByteArray& text, const QString& origin, QString* error,
                                        SceneReadReport* report, SceneReadReport::Passing passing)
 {
-    if (!acceptable(text, origin, error))
+    return readChecked(text, origin, QString(), QString(), error, report, passing);
+}
+
+SoSeparator* SceneDocument::readChecked(const QByteArray& text, const QString& origin, const QString& self,
+                                        const QString& folder, QString* error, SceneReadReport* report,
+                                        SceneReadReport::Passing passing)
+{
+    if (!acceptable(text, origin, self, folder, error))
         return nullptr;
     SoInput input;
     input.setBuffer(text.constData(), size_t(text.size()));
@@ -215,9 +225,11 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
     QString reason;
     // Read back as it will be opened: references from the file's folder.
     // What Coin says on the way is only for the check.
-    const SceneFolderFirst folder(QFileInfo(path).absolutePath());
-    SoSeparator* again =
-        readBuffer(text, tr("the scene as written"), &reason, nullptr, SceneReadReport::Passing::Keep);
+    // The files it includes are checked as on open, from where it is saved.
+    const QFileInfo target(path);
+    const SceneFolderFirst folder(target.absolutePath());
+    SoSeparator* again = readChecked(text, tr("the scene as written"), target.absoluteFilePath(),
+                                     target.absolutePath(), &reason, nullptr, SceneReadReport::Passing::Keep);
     if (!again) {
         file.cancelWriting();
         *error = tr("Cannot save \"%1\": the scene would not read back, so the file was left as it was. %2")

@@ -6,6 +6,7 @@
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalShell.h>
+#include <LargeStack.h>
 #include <SceneDocument.h>
 #include <SceneModel.h>
 #include <ScenePath.h>
@@ -27,6 +28,7 @@
 
 #include <cmath>
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -88,6 +90,9 @@ private slots:
     void overlongNamesAreRefused_data();
     void overlongNamesAreRefused();
     void saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack();
+    void oversizedImagesAreRefused_data();
+    void oversizedImagesAreRefused();
+    void runningOutOfMemoryIsReported();
 
 private:
     std::unique_ptr<KalHostWindow> m_host;
@@ -308,6 +313,47 @@ void tst_HostHardening::saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack()
     opacity->setValue(0.5f);
     QVERIFY2(m_host->saveScene(path), qPrintable(m_host->lastError()));
     QVERIFY(readFile(path) != good);
+}
+
+void tst_HostHardening::oversizedImagesAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("image");
+    QTest::addColumn<QString>("refusal");
+    // Coin allocated 3.6 GB for this before reading a pixel, and its
+    // std::bad_alloc left the reading thread and ended kalhost.
+    QTest::newRow("30000 by 30000") << QByteArray("30000 30000 4 0xff")
+                                    << QStringLiteral(
+                                           "line 3 declares an image 30000×30000×4, which is too large");
+    QTest::newRow("one value short") << QByteArray("2 2 1 0 0 0")
+                                     << QStringLiteral("declares an image 2×2×1, which is too large");
+    QTest::newRow("as many as declared") << QByteArray("2 1 1 0xff 0x00") << QString();
+}
+
+void tst_HostHardening::oversizedImagesAreRefused()
+{
+    QFETCH(QByteArray, image);
+    QFETCH(QString, refusal);
+    const QString path = m_dir.filePath(QStringLiteral("image.iv"));
+    writeFile(path, "#Inventor V2.1 ascii\nSeparator {\n  DEF Picture Texture2 { image " + image + " }\n}\n");
+    SoNode* before = m_host->sceneModel()->root();
+    QCOMPARE(m_host->openScene(path), refusal.isEmpty());
+    if (refusal.isEmpty()) {
+        QVERIFY(m_host->select(QStringLiteral("Picture.image")));
+        return;
+    }
+    QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(refusal), qPrintable(m_host->lastError()));
+    QCOMPARE(m_host->sceneModel()->root(), before);
+}
+
+void tst_HostHardening::runningOutOfMemoryIsReported()
+{
+    // What Coin throws on the large stack's thread comes back as a result:
+    // let out of the thread, it ended the program.
+    bool after = false;
+    QVERIFY(!LargeStack::run([] { throw std::bad_alloc(); }));
+    QVERIFY(LargeStack::run([&after] { after = true; }));
+    QVERIFY(after);
 }
 
 QTEST_MAIN(tst_HostHardening)

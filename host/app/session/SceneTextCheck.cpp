@@ -1,9 +1,13 @@
 #include "SceneTextCheck.h"
 
+#include <SbImageSize.h>
+
 #include <Inventor/SbString.h>
 #include <Inventor/SoDB.h>
 
 #include <QCoreApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -14,6 +18,16 @@ bool isNumberCharacter(char c)
 {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F') || c == 'x' ||
            c == 'X' || c == '.' || c == '+' || c == '-';
+}
+
+bool isNameCharacter(char c)
+{
+    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+bool isSeparator(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v' || c == ',';
 }
 
 } // namespace
@@ -43,7 +57,59 @@ bool SceneTextCheck::acceptable(const QByteArray& text, const QString& origin, Q
 {
     if (isBinary(text))
         return true;
-    return numbersFit(text, origin, error) && nestingFits(text, origin, error);
+    return numbersFit(text, origin, error) && nestingFits(text, origin, error) &&
+           imagesFit(text, origin, error);
+}
+
+bool SceneTextCheck::imagesFit(const QByteArray& text, const QString& origin, QString* error)
+{
+    // Every word "image" is taken for an image field wherever it stands,
+    // in strings and comments too, for the reason long numbers are.
+    const int size = text.size();
+    int from = 0;
+    while ((from = text.indexOf("image", from)) >= 0) {
+        const int at = from;
+        from += 5;
+        if ((at > 0 && isNameCharacter(text.at(at - 1))) || (from < size && isNameCharacter(text.at(from))))
+            continue;
+        int next = from;
+        const auto token = [&text, size, &next] {
+            while (next < size && isSeparator(text.at(next)))
+                ++next;
+            const int start = next;
+            while (next < size && !isSeparator(text.at(next)))
+                ++next;
+            return text.mid(start, next - start);
+        };
+        bool readWidth = false;
+        bool readHeight = false;
+        const qlonglong width = token().toLongLong(&readWidth, 0);
+        const qlonglong height = token().toLongLong(&readHeight, 0);
+        const QByteArray components = token();
+        if (!readWidth || !readHeight)
+            continue;
+        qlonglong values = 0;
+        const qlonglong declared = width > size || height > size ? qlonglong(size) + 1 : width * height;
+        while (values < declared && next < size) {
+            const QByteArray value = token();
+            if (value.isEmpty() || !std::all_of(value.begin(), value.end(), isNumberCharacter))
+                break;
+            ++values;
+        }
+        if (!SbImageSize::fits(width, height, values)) {
+            *error =
+                tr("Cannot read \"%1\": line %2 declares an image %3×%4×%5, which is too large: the file "
+                   "gives values for %6 of its pixels.")
+                    .arg(origin)
+                    .arg(text.left(at).count('\n') + 1)
+                    .arg(width)
+                    .arg(height)
+                    .arg(QString::fromLatin1(components.left(20)))
+                    .arg(values);
+            return false;
+        }
+    }
+    return true;
 }
 
 bool SceneTextCheck::numbersFit(const QByteArray& text, const QString& origin, QString* error)

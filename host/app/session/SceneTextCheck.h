@@ -30,4 +30,5 @@ public:
 private:
     static bool numbersFit(const QByteArray& text, const QString& origin, QString* error);
     static bool nestingFits(const QByteArray& text, const QString& origin, QString* error);
+    static bool imagesFit(const QByteArray& text, const QString& origin, QString* error);
 };

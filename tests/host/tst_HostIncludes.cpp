@@ -52,8 +52,8 @@ private slots:
     void includedFilesOpen();
     void namesAreReadAsCoinReadsThem_data();
     void namesAreReadAsCoinReadsThem();
-    void longNumbersInIncludedFilesAreRefused_data();
-    void longNumbersInIncludedFilesAreRefused();
+    void badIncludedFilesAreRefused_data();
+    void badIncludedFilesAreRefused();
     void saveChecksIncludedFiles();
     void includedFilesThatAreNotRegularAreRefused_data();
     void includedFilesThatAreNotRegularAreRefused();
@@ -112,7 +112,10 @@ void tst_HostIncludes::namesAreReadAsCoinReadsThem_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QStringList>("names");
     QTest::newRow("quoted") << QByteArray("File { name \"a b.iv\" }") << QStringList{"a b.iv"};
-    QTest::newRow("word") << QByteArray("File {name a.iv}") << QStringList{"a.iv"};
+    QTest::newRow("word") << QByteArray("File {name a.iv }") << QStringList{"a.iv"};
+    // Coin reads a word up to white space, brace and all.
+    QTest::newRow("word and brace") << QByteArray("File {name a.iv}") << QStringList{"a.iv}", "a.iv"};
+    QTest::newRow("backslash kept") << QByteArray("File { name \"a\\b.iv\" }") << QStringList{"a\\b.iv"};
     QTest::newRow("escaped quote") << QByteArray("File { name \"a\\\"b.iv\" }") << QStringList{"a\"b.iv"};
     QTest::newRow("after a comment and another field")
         << QByteArray("File { # name \"no.iv\"\n bboxSize 1 2 3 name \"yes.iv\" }") << QStringList{"yes.iv"};
@@ -122,6 +125,8 @@ void tst_HostIncludes::namesAreReadAsCoinReadsThem_data()
     // costs a look; missing one would let Coin open it.
     QTest::newRow("in a string") << QByteArray("Info { string \"File { name x.iv }\" }")
                                  << QStringList{"x.iv"};
+    QTest::newRow("stray bracket") << QByteArray("File { ] name \"a.iv\" }") << QStringList{"a.iv"};
+    QTest::newRow("unclosed") << QByteArray("File { File { name \"a.iv\"") << QStringList{"a.iv"};
     QTest::newRow("part of a word") << QByteArray("MyFile { name \"x.iv\" }") << QStringList{};
 }
 
@@ -132,25 +137,34 @@ void tst_HostIncludes::namesAreReadAsCoinReadsThem()
     QCOMPARE(SceneIncludes::names(text), names);
 }
 
-void tst_HostIncludes::longNumbersInIncludedFilesAreRefused_data()
+void tst_HostIncludes::badIncludedFilesAreRefused_data()
 {
     QTest::addColumn<QByteArray>("scene");
-    QTest::newRow("File") << including("long.iv");
-    QTest::newRow("VRML 2.0 Inline") << QByteArray("#VRML V2.0 utf8\nInline { url \"long.iv\" }\n");
-    QTest::newRow("two levels down") << including("middle.iv");
+    QTest::addColumn<QString>("culprit");
+    QTest::addColumn<QString>("reason");
+    const QString number = QStringLiteral("holds a number of more than 256 characters");
+    QTest::newRow("File") << including("long.iv") << QStringLiteral("long.iv") << number;
+    QTest::newRow("VRML 2.0 Inline") << QByteArray("#VRML V2.0 utf8\nInline { url \"long.iv\" }\n")
+                                     << QStringLiteral("long.iv") << number;
+    QTest::newRow("two levels down") << including("middle.iv") << QStringLiteral("long.iv") << number;
+    QTest::newRow("image") << including("image.iv") << QStringLiteral("image.iv")
+                           << QString::fromUtf8("declares an image 30000×30000×4, which is too large");
 }
 
-void tst_HostIncludes::longNumbersInIncludedFilesAreRefused()
+void tst_HostIncludes::badIncludedFilesAreRefused()
 {
     QFETCH(QByteArray, scene);
-    const QString longFile = m_dir->filePath(QStringLiteral("long.iv"));
-    writeFile(longFile, kInventor + "Switch { whichChild " + QByteArray(5000, '7') + " }\n");
+    QFETCH(QString, culprit);
+    QFETCH(QString, reason);
+    writeFile(m_dir->filePath(QStringLiteral("long.iv")),
+              kInventor + "Switch { whichChild " + QByteArray(5000, '7') + " }\n");
+    writeFile(m_dir->filePath(QStringLiteral("image.iv")),
+              kInventor + "Texture2 { image 30000 30000 4 0xff }\n");
     writeFile(m_dir->filePath(QStringLiteral("middle.iv")), including("long.iv"));
     const QString path = m_dir->filePath(QStringLiteral("scene.iv"));
     writeFile(path, scene);
-    expectRefused(path, QStringLiteral("included file %1").arg(longFile));
-    QVERIFY2(m_host->lastError().contains(QLatin1String("holds a number of more than 256 characters")),
-             qPrintable(m_host->lastError()));
+    expectRefused(path, QStringLiteral("included file %1").arg(m_dir->filePath(culprit)));
+    QVERIFY2(m_host->lastError().contains(reason), qPrintable(m_host->lastError()));
 }
 
 void tst_HostIncludes::saveChecksIncludedFiles()

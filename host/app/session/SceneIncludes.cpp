@@ -14,9 +14,27 @@
 
 namespace {
 
+bool isWhiteSpace(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v';
+}
+
+// Between values, a comma counts as white space.
 bool isSpace(char c)
 {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f' || c == '\v' || c == ',';
+    return isWhiteSpace(c) || c == ',';
+}
+
+// A word ends at white space for Coin; a name ending in a comma or a
+// bracket is looked for without it too.
+void appendName(const QByteArray& word, QStringList* names)
+{
+    names->append(QFile::decodeName(word));
+    int end = word.size();
+    while (end > 0 && (word.at(end - 1) == ',' || word.at(end - 1) == ']' || word.at(end - 1) == '}'))
+        --end;
+    if (end != word.size() && end > 0)
+        names->append(QFile::decodeName(word.left(end)));
 }
 
 bool isNameCharacter(char c)
@@ -37,6 +55,7 @@ public:
     char peek() const { return atEnd() ? '\0' : m_text.at(m_at); }
     void step() { ++m_at; }
     void moveTo(int at) { m_at = at; }
+    int position() const { return m_at; }
 
     void skipSpace()
     {
@@ -66,13 +85,13 @@ public:
     {
         QByteArray value;
         if (peek() != '"') {
-            while (!atEnd() && !isSpace(peek()) && peek() != ']' && peek() != '}')
+            while (!atEnd() && !isWhiteSpace(peek()))
                 value += m_text.at(m_at++);
             return value;
         }
         step();
         while (!atEnd() && peek() != '"') {
-            if (peek() == '\\' && m_at + 1 < m_text.size())
+            if (peek() == '\\' && m_at + 1 < m_text.size() && m_text.at(m_at + 1) == '"')
                 step();
             value += m_text.at(m_at++);
         }
@@ -87,7 +106,10 @@ public:
             string();
             return;
         }
+        const int start = m_at;
         while (!atEnd() && !isSpace(peek()) && peek() != '}' && peek() != ']')
+            step();
+        if (m_at == start)
             step();
     }
 
@@ -118,7 +140,7 @@ void readNodeNames(Cursor* cursor, QStringList* names)
             continue;
         cursor->skipSpace();
         if (cursor->peek() != '[') {
-            names->append(QFile::decodeName(cursor->string()));
+            appendName(cursor->string(), names);
             continue;
         }
         cursor->step();
@@ -126,7 +148,7 @@ void readNodeNames(Cursor* cursor, QStringList* names)
             cursor->skipSpace();
             if (cursor->atEnd() || cursor->peek() == ']' || cursor->peek() == '}')
                 break;
-            names->append(QFile::decodeName(cursor->string()));
+            appendName(cursor->string(), names);
         }
         if (cursor->peek() == ']')
             cursor->step();
@@ -151,8 +173,9 @@ bool exists(const QString& path)
 
 } // namespace
 
-SceneIncludes::SceneIncludes(const QString& folder)
-    : m_sceneFolder(folder)
+SceneIncludes::SceneIncludes(const QString& self, const QString& folder)
+    : m_scene(self.isEmpty() ? tr("the scene") : self)
+    , m_sceneFolder(folder)
 {}
 
 QStringList SceneIncludes::names(const QByteArray& text)
@@ -174,6 +197,9 @@ QStringList SceneIncludes::names(const QByteArray& text)
             continue;
         cursor.step();
         readNodeNames(&cursor, &names);
+        // What the node held is not looked at again, so that a text of
+        // many unclosed nodes costs one pass.
+        at = cursor.position() - 1;
     }
     return names;
 }
@@ -181,7 +207,7 @@ QStringList SceneIncludes::names(const QByteArray& text)
 bool SceneIncludes::acceptable(const QByteArray& text, const QString& self, const QString& folder,
                                QString* error)
 {
-    SceneIncludes includes(folder);
+    SceneIncludes includes(self, folder);
     QStringList chain;
     if (!self.isEmpty())
         chain.append(QFileInfo(self).absoluteFilePath());
@@ -224,7 +250,7 @@ bool SceneIncludes::check(const QByteArray& text, const QString& folder, QString
 
 bool SceneIncludes::checkCandidate(const QString& path, QStringList* chain, QString* error)
 {
-    const QString including = chain->isEmpty() ? QString() : chain->constLast();
+    const QString including = chain->isEmpty() ? m_scene : chain->constLast();
     qint64 size = 0;
     if (!isRegularFile(path, &size)) {
         *error = tr("Cannot read \"%1\": included file %2 is not a regular file (a folder, a device or a "
@@ -237,16 +263,15 @@ bool SceneIncludes::checkCandidate(const QString& path, QStringList* chain, QStr
     for (const QString& file : *chain)
         canonicalChain.append(QFileInfo(file).exists() ? QFileInfo(file).canonicalFilePath() : file);
     if (canonicalChain.contains(canonical)) {
-        *error =
-            tr("Cannot read \"%1\": the scene includes itself at %2 (%3).")
-                .arg(chain->constFirst(), path, (*chain + QStringList{path}).join(QStringLiteral(" → ")));
+        *error = tr("Cannot read \"%1\": the scene includes itself at %2 (%3).")
+                     .arg(m_scene, path, (*chain + QStringList{path}).join(QStringLiteral(" → ")));
         return false;
     }
     if (m_checked.contains(canonical))
         return true;
     if (chain->size() > kMaxLevels) {
         *error = tr("Cannot read \"%1\": files are included more than %2 levels deep, at %3.")
-                     .arg(chain->constFirst())
+                     .arg(m_scene)
                      .arg(kMaxLevels)
                      .arg(path);
         return false;
@@ -254,7 +279,7 @@ bool SceneIncludes::checkCandidate(const QString& path, QStringList* chain, QStr
     m_bytes += size;
     if (++m_files > kMaxFiles || m_bytes > kMaxBytes) {
         *error = tr("Cannot read \"%1\": it includes more than %2 files or %3 MiB, at %4.")
-                     .arg(chain->constFirst())
+                     .arg(m_scene)
                      .arg(kMaxFiles)
                      .arg(kMaxBytes >> 20)
                      .arg(path);

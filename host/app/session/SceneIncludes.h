@@ -36,11 +36,12 @@ public:
     static QStringList names(const QByteArray& text);
 
 private:
-    SceneIncludes(const QString& folder);
+    SceneIncludes(const QString& self, const QString& folder);
     bool check(const QByteArray& text, const QString& folder, QStringList* chain, QString* error);
     bool checkCandidate(const QString& path, QStringList* chain, QString* error);
     QStringList candidates(const QString& name, const QString& folder) const;
 
+    QString m_scene;
     QString m_sceneFolder;
     QSet<QString> m_checked;
     int m_files = 0;

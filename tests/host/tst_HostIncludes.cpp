@@ -189,21 +189,25 @@ void tst_HostIncludes::saveChecksIncludedFiles()
 void tst_HostIncludes::includedFilesThatAreNotRegularAreRefused_data()
 {
     QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("found");
     // Coin read /dev/zero for ever, and waited in fopen for a writer to
     // the pipe; the window never came up.
-    QTest::newRow("device") << QStringLiteral("/dev/zero");
-    QTest::newRow("pipe") << QStringLiteral("pipe");
-    QTest::newRow("folder") << QStringLiteral("folder");
+    QTest::newRow("device") << QStringLiteral("/dev/zero") << QStringLiteral("/dev/zero");
+    QTest::newRow("pipe") << QStringLiteral("pipe") << QStringLiteral("pipe");
+    QTest::newRow("folder") << QStringLiteral("folder") << QStringLiteral("folder");
+    // Coin also tries a name's last part in the folders it searches.
+    QTest::newRow("pipe by its last part") << QStringLiteral("nowhere/pipe") << QStringLiteral("pipe");
 }
 
 void tst_HostIncludes::includedFilesThatAreNotRegularAreRefused()
 {
     QFETCH(QString, name);
+    QFETCH(QString, found);
     QVERIFY(mkfifo(QFile::encodeName(m_dir->filePath(QStringLiteral("pipe"))).constData(), 0600) == 0);
     QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder")));
     const QString path = m_dir->filePath(QStringLiteral("scene.iv"));
     writeFile(path, including(QFile::encodeName(name)));
-    const QString included = QDir::isAbsolutePath(name) ? name : m_dir->filePath(name);
+    const QString included = QDir::isAbsolutePath(found) ? found : m_dir->filePath(found);
     expectRefused(path, QStringLiteral("included file %1 is not a regular file").arg(included));
     QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
 }

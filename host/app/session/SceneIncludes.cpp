@@ -216,19 +216,27 @@ bool SceneIncludes::acceptable(const QByteArray& text, const QString& self, cons
 
 QStringList SceneIncludes::candidates(const QString& name, const QString& folder) const
 {
-    if (QDir::isAbsolutePath(name))
-        return {QDir::cleanPath(name)};
+    // Coin also looks for the name's last part alone in each folder it
+    // searches, an absolute name's too.
+    const QString last = QFileInfo(name).fileName();
+    const QStringList tried = last.isEmpty() || last == name ? QStringList{name} : QStringList{name, last};
     QStringList folders{folder, m_sceneFolder};
     const SbStringList& searched = SoInput::getDirectories();
     for (int i = 0; i < searched.getLength(); ++i)
         folders.append(QFile::decodeName(searched[i]->getString()));
     folders.append(QDir::currentPath());
     QStringList paths;
+    if (QDir::isAbsolutePath(name))
+        paths.append(QDir::cleanPath(name));
     for (const QString& where : folders) {
-        const QString path =
-            QDir::cleanPath(QDir(where.isEmpty() ? QDir::currentPath() : where).filePath(name));
-        if (!paths.contains(path))
-            paths.append(path);
+        for (const QString& tail : tried) {
+            if (QDir::isAbsolutePath(tail))
+                continue;
+            const QString path =
+                QDir::cleanPath(QDir(where.isEmpty() ? QDir::currentPath() : where).filePath(tail));
+            if (!paths.contains(path))
+                paths.append(path);
+        }
     }
     return paths;
 }

@@ -1,5 +1,7 @@
 #include "FieldTextGuard.h"
 
+#include <SbImageSize.h>
+
 #include <Inventor/fields/SoMFEnum.h>
 #include <Inventor/fields/SoMFName.h>
 #include <Inventor/fields/SoSFEnum.h>
@@ -48,10 +50,9 @@ bool FieldTextGuard::imageFits(const SoField* field, const QString& text)
     // Coin reads integers as C does: "0x" is hexadecimal, a leading 0 octal.
     const qlonglong width = numbers.at(0).toLongLong(&readWidth, 0);
     const qlonglong height = numbers.at(1).toLongLong(&readHeight, 0);
-    if (!readWidth || !readHeight || width <= 0 || height <= 0)
+    if (!readWidth || !readHeight)
         return true;
-    const qlonglong pixels = numbers.size() - 3;
-    return width <= pixels && height <= pixels && width * height <= pixels;
+    return SbImageSize::fits(width, height, numbers.size() - 3);
 }
 
 bool FieldTextGuard::namesFit(const SoField* field, const QString& text)

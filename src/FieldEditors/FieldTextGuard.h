@@ -23,10 +23,8 @@ public:
     // field's text no longer reads back.
     static bool quotable(const QString& value);
 
-    // Coin allocates an image as its text's width, height and components
-    // say before it reads a pixel ("30000 30000 4" is 3.6 GB, and past
-    // 2 GB the size overflows); an image text that declares more pixels
-    // than it holds numbers is refused. True for fields of other types.
+    // An image text that declares more pixels than it holds numbers is
+    // refused (SbImageSize has why). True for fields of other types.
     static bool imageFits(const SoField* field, const QString& text);
 
     // Coin keeps names in blocks of 64 KiB and writes a longer name past its

@@ -6,6 +6,7 @@
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalShell.h>
+#include <LargeStack.h>
 #include <SceneDocument.h>
 #include <SceneModel.h>
 #include <ScenePath.h>
@@ -27,6 +28,7 @@
 
 #include <cmath>
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -79,13 +81,18 @@ private slots:
 
     void longNumbersAreRefused_data();
     void longNumbersAreRefused();
-    void numbersInStringsAndCommentsAreLeftAlone();
+    void longRunsAreRefusedWhereverTheyStand_data();
+    void longRunsAreRefusedWhereverTheyStand();
+    void theLongestRunAllowedReads();
     void binaryFilesAreNotScanned();
     void deepScenesOpenEditSaveAndClose();
     void deeperThanTheLargeStackIsRefused();
     void overlongNamesAreRefused_data();
     void overlongNamesAreRefused();
     void saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack();
+    void oversizedImagesAreRefused_data();
+    void oversizedImagesAreRefused();
+    void runningOutOfMemoryIsReported();
 
 private:
     std::unique_ptr<KalHostWindow> m_host;
@@ -140,12 +147,45 @@ void tst_HostHardening::longNumbersAreRefused()
     QCOMPARE(m_host->sceneModel()->root(), before);
 }
 
-void tst_HostHardening::numbersInStringsAndCommentsAreLeftAlone()
+void tst_HostHardening::longRunsAreRefusedWhereverTheyStand_data()
 {
-    // Long digit runs inside quotes are text, and in comments nothing at
-    // all; neither reaches the number reader. The longest number allowed
-    // reads as any other.
-    const QByteArray digits(2000, '9');
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    const QByteArray number = "  Switch { whichChild " + QByteArray(5000, '7') + " }\n";
+    // Coin reads abc" as one word, so the number that follows is read as a
+    // number, and overran its buffer: exit 134.
+    QTest::newRow("quote inside a word")
+        << QByteArray("  Info { string abc\" }\n" + number) << QByteArray("# \"\n");
+    QTest::newRow("quote after a comma in a word")
+        << QByteArray("  Info { string abc,\" }\n" + number) << QByteArray("# \"\n");
+    QTest::newRow("escaped quote") << QByteArray("  Info { string \"a\\\" }\n" + number) << QByteArray();
+    QTest::newRow("hash inside a word") << QByteArray("  Info { string abc# } " + number) << QByteArray();
+    QTest::newRow("hash inside a string") << QByteArray("  Info { string \"#\" } " + number) << QByteArray();
+    QTest::newRow("comment opened inside a string")
+        << QByteArray("  Info { string \"x\n# \" }\n" + number) << QByteArray();
+    // No scene needs such a run; where it is harmless it is refused too.
+    QTest::newRow("in a string") << QByteArray("  Info { string \"" + QByteArray(2000, '9') + "\" }\n")
+                                 << QByteArray();
+    QTest::newRow("in a comment") << QByteArray("# " + QByteArray(2000, '9') + "\n") << QByteArray();
+}
+
+void tst_HostHardening::longRunsAreRefusedWhereverTheyStand()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    const QString path = m_dir.filePath(QStringLiteral("hidden-number.iv"));
+    writeFile(path, "#Inventor V2.1 ascii\nSeparator {\n" + before + "}\n" + after);
+    SoNode* previous = m_host->sceneModel()->root();
+    QVERIFY(!m_host->openScene(path));
+    QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(QLatin1String("holds a number of more than 256 characters")),
+             qPrintable(m_host->lastError()));
+    QCOMPARE(m_host->sceneModel()->root(), previous);
+}
+
+void tst_HostHardening::theLongestRunAllowedReads()
+{
+    const QByteArray digits(SceneTextCheck::kMaxNumberLength, '9');
     const QString path = m_dir.filePath(QStringLiteral("long-text.iv"));
     writeFile(path, "#Inventor V2.1 ascii\n# " + digits + "\nSeparator {\n  DEF LongText Info { string \"" +
                         digits + "\\\" " + digits + "\" }\n  Complexity { value 0." +
@@ -166,6 +206,10 @@ void tst_HostHardening::binaryFilesAreNotScanned()
     QVERIFY(SceneTextCheck::acceptable(binary, QStringLiteral("binary.iv"), &error));
     QVERIFY(error.isEmpty());
     QVERIFY(!SceneTextCheck::acceptable("#Inventor V2.1 ascii\n" + QByteArray(1000, '1'),
+                                        QStringLiteral("ascii.iv"), &error));
+    // Binary is what Coin takes for binary: a first line that only
+    // mentions the word is text, and scanned.
+    QVERIFY(!SceneTextCheck::acceptable("#Inventor V2.1 ascii binary\n" + QByteArray(1000, '1'),
                                         QStringLiteral("ascii.iv"), &error));
 }
 
@@ -269,6 +313,47 @@ void tst_HostHardening::saveKeepsTheGoodFileWhenTheSceneDoesNotReadBack()
     opacity->setValue(0.5f);
     QVERIFY2(m_host->saveScene(path), qPrintable(m_host->lastError()));
     QVERIFY(readFile(path) != good);
+}
+
+void tst_HostHardening::oversizedImagesAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("image");
+    QTest::addColumn<QString>("refusal");
+    // Coin allocated 3.6 GB for this before reading a pixel, and its
+    // std::bad_alloc left the reading thread and ended kalhost.
+    QTest::newRow("30000 by 30000") << QByteArray("30000 30000 4 0xff")
+                                    << QStringLiteral(
+                                           "line 3 declares an image 30000×30000×4, which is too large");
+    QTest::newRow("one value short") << QByteArray("2 2 1 0 0 0")
+                                     << QStringLiteral("declares an image 2×2×1, which is too large");
+    QTest::newRow("as many as declared") << QByteArray("2 1 1 0xff 0x00") << QString();
+}
+
+void tst_HostHardening::oversizedImagesAreRefused()
+{
+    QFETCH(QByteArray, image);
+    QFETCH(QString, refusal);
+    const QString path = m_dir.filePath(QStringLiteral("image.iv"));
+    writeFile(path, "#Inventor V2.1 ascii\nSeparator {\n  DEF Picture Texture2 { image " + image + " }\n}\n");
+    SoNode* before = m_host->sceneModel()->root();
+    QCOMPARE(m_host->openScene(path), refusal.isEmpty());
+    if (refusal.isEmpty()) {
+        QVERIFY(m_host->select(QStringLiteral("Picture.image")));
+        return;
+    }
+    QVERIFY2(m_host->lastError().contains(path), qPrintable(m_host->lastError()));
+    QVERIFY2(m_host->lastError().contains(refusal), qPrintable(m_host->lastError()));
+    QCOMPARE(m_host->sceneModel()->root(), before);
+}
+
+void tst_HostHardening::runningOutOfMemoryIsReported()
+{
+    // What Coin throws on the large stack's thread comes back as a result:
+    // let out of the thread, it ended the program.
+    bool after = false;
+    QVERIFY(!LargeStack::run([] { throw std::bad_alloc(); }));
+    QVERIFY(LargeStack::run([&after] { after = true; }));
+    QVERIFY(after);
 }
 
 QTEST_MAIN(tst_HostHardening)

@@ -5,19 +5,38 @@
 #include <QThread>
 
 #include <memory>
+#include <new>
 
-void LargeStack::run(const std::function<void()>& work)
+namespace {
+
+// An exception that leaves a thread's function ends the program; Coin
+// throws std::bad_alloc when a file declares more than can be had.
+bool runCaught(const std::function<void()>& work)
+{
+    try {
+        work();
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
+}
+
+} // namespace
+
+bool LargeStack::run(const std::function<void()>& work)
 {
     bool ran = false;
-    std::unique_ptr<QThread> thread(QThread::create([&work, &ran] {
+    bool completed = false;
+    std::unique_ptr<QThread> thread(QThread::create([&work, &ran, &completed] {
         ran = true;
-        work();
+        completed = runCaught(work);
     }));
     thread->setStackSize(kStackBytes);
     thread->start();
     thread->wait();
     if (!ran)
-        work();
+        completed = runCaught(work);
+    return completed;
 }
 
 void LargeStack::unref(SoBase* object)

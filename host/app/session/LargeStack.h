@@ -16,8 +16,9 @@ public:
     static constexpr unsigned kStackBytes = 512u * 1024u * 1024u;
 
     // Returns once work has run. Should the thread not start (the stack
-    // cannot be had), work runs on the calling thread instead.
-    static void run(const std::function<void()>& work);
+    // cannot be had), work runs on the calling thread instead. False when
+    // work ran out of memory (threw std::bad_alloc).
+    static bool run(const std::function<void()>& work);
 
     // Drops a reference; when it is the last one, the object is destroyed
     // here, since a scene frees its children recursively.

@@ -1,6 +1,7 @@
 #include "SceneDocument.h"
 
 #include "LargeStack.h"
+#include "SceneIncludes.h"
 #include "SceneTextCheck.h"
 
 #include <Inventor/SoDB.h>
@@ -60,8 +61,13 @@ SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error, Sce
     SoSeparator* root = nullptr;
     // Coin's reader recurses once per level of nesting. What it reports on
     // its way reaches the report from that thread, while this one waits.
-    LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
+    const bool completed = LargeStack::run([&input, &root] { root = SoDB::readAll(&input); });
     reports->stopListening();
+    if (!completed) {
+        *error =
+            SceneDocument::tr("Cannot read \"%1\": it asks for more memory than can be had.").arg(origin);
+        return nullptr;
+    }
     reports->setBinary(input.isBinary());
     if (!root) {
         const QString reason = reports->problems().value(0);
@@ -131,7 +137,7 @@ SoSeparator* SceneDocument::read(const QString& path, QString* error, SceneReadR
         *error = tr("Cannot open \"%1\": %2").arg(path, file.errorString());
         return nullptr;
     }
-    if (!acceptable(file.readAll(), path, error))
+    if (!acceptable(file.readAll(), path, info.absoluteFilePath(), info.absolutePath(), error))
         return nullptr;
     file.close();
     // Coin opens the file itself, so that what it reports names the file
@@ -145,7 +151,8 @@ SoSeparator* SceneDocument::read(const QString& path, QString* error, SceneReadR
     return readFrom(input, path, error, report, SceneReadReport::Passing::HandOn);
 }
 
-bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, QString* error)
+bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, const QString& self,
+                               const QString& folder, QString* error)
 {
     if (text.isEmpty()) {
         *error = tr("Cannot read \"%1\": the file is empty.").arg(origin);
@@ -157,13 +164,21 @@ bool SceneDocument::acceptable(const QByteArray& text, const QString& origin, QS
                 .arg(origin);
         return false;
     }
-    return SceneTextCheck::acceptable(text, origin, error);
+    return SceneTextCheck::acceptable(text, origin, error) &&
+           SceneIncludes::acceptable(text, self, folder, error);
 }
 
 SoSeparator* SceneDocument::readBuffer(const QByteArray& text, const QString& origin, QString* error,
                                        SceneReadReport* report, SceneReadReport::Passing passing)
 {
-    if (!acceptable(text, origin, error))
+    return readChecked(text, origin, QString(), QString(), error, report, passing);
+}
+
+SoSeparator* SceneDocument::readChecked(const QByteArray& text, const QString& origin, const QString& self,
+                                        const QString& folder, QString* error, SceneReadReport* report,
+                                        SceneReadReport::Passing passing)
+{
+    if (!acceptable(text, origin, self, folder, error))
         return nullptr;
     SoInput input;
     input.setBuffer(text.constData(), size_t(text.size()));
@@ -181,7 +196,7 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
     // 20,000 levels deep would take 400 MB of spaces.
     const bool compact = nestingDepth(root) > kMaxIndentedDepth;
     // The write action recurses once per level of the scene.
-    LargeStack::run([root, compact, format, &text] {
+    const bool written = LargeStack::run([root, compact, format, &text] {
         SoOutput output;
         output.setBuffer(malloc(4096), 4096, &realloc);
         output.setBinary(format == Format::Binary ? TRUE : FALSE);
@@ -195,6 +210,10 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
         // The buffer grew through realloc and is ours to release.
         free(buffer);
     });
+    if (!written) {
+        *error = tr("Cannot save \"%1\": there is not enough memory to write the scene.").arg(path);
+        return false;
+    }
     // Written aside and moved into place only once it is known to read
     // back, so that a save never leaves half a scene, or one this program
     // cannot open again, where the old one was.
@@ -206,9 +225,11 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
     QString reason;
     // Read back as it will be opened: references from the file's folder.
     // What Coin says on the way is only for the check.
-    const SceneFolderFirst folder(QFileInfo(path).absolutePath());
-    SoSeparator* again =
-        readBuffer(text, tr("the scene as written"), &reason, nullptr, SceneReadReport::Passing::Keep);
+    // The files it includes are checked as on open, from where it is saved.
+    const QFileInfo target(path);
+    const SceneFolderFirst folder(target.absolutePath());
+    SoSeparator* again = readChecked(text, tr("the scene as written"), target.absoluteFilePath(),
+                                     target.absolutePath(), &reason, nullptr, SceneReadReport::Passing::Keep);
     if (!again) {
         file.cancelWriting();
         *error = tr("Cannot save \"%1\": the scene would not read back, so the file was left as it was. %2")

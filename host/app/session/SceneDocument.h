@@ -32,6 +32,11 @@ public:
     static bool write(SoSeparator* root, const QString& path, Format format, QString* error);
 
 private:
-    // The checks made before Coin is given a file's text.
-    static bool acceptable(const QByteArray& text, const QString& origin, QString* error);
+    // The checks made before Coin is given a file's text: self is the file
+    // it comes from (or goes to), folder where its relative names are found.
+    static bool acceptable(const QByteArray& text, const QString& origin, const QString& self,
+                           const QString& folder, QString* error);
+    static SoSeparator* readChecked(const QByteArray& text, const QString& origin, const QString& self,
+                                    const QString& folder, QString* error, SceneReadReport* report,
+                                    SceneReadReport::Passing passing);
 };

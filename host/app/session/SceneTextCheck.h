@@ -17,10 +17,18 @@ public:
     // Nesting deeper than this is refused. Deep files are read on a large
     // stack (LargeStack); this keeps them within what that stack holds.
     static constexpr int kMaxDepth = 100000;
+    // No header Coin knows is longer; a longer first line is text.
+    static constexpr int kMaxHeaderLength = 256;
 
     // True for text Coin may be given. Binary files are not looked at. False
     // with the reason, naming origin and the line, otherwise.
     static bool acceptable(const QByteArray& text, const QString& origin, QString* error);
 
+    // True where Coin reads the text as a binary file.
     static bool isBinary(const QByteArray& text);
+
+private:
+    static bool numbersFit(const QByteArray& text, const QString& origin, QString* error);
+    static bool nestingFits(const QByteArray& text, const QString& origin, QString* error);
+    static bool imagesFit(const QByteArray& text, const QString& origin, QString* error);
 };

@@ -115,10 +115,11 @@ void tst_HostSceneFiles::cameraInTheFileIsNotTouched()
 
         // An edit of the file's camera is the person's, and the view goes
         // there.
+        QVERIFY2(m_host->select(QStringLiteral("FileCamera.position")), qPrintable(m_host->lastError()));
         static_cast<SoCamera*>(camera)->position.setValue(0, 0, 80);
         SoDB::getSensorManager()->processDelayQueue(FALSE);
         QVERIFY(viewer->getCamera()->position.getValue().equals(SbVec3f(0, 0, 80), 1e-4f));
-        QVERIFY(m_host->hasUnsavedChanges());
+        QTRY_VERIFY(m_host->hasUnsavedChanges());
         static_cast<SoCamera*>(camera)->position.setValue(0, 0, 50);
         SoDB::getSensorManager()->processDelayQueue(FALSE);
     }

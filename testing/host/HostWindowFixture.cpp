@@ -1,6 +1,7 @@
 #include "HostWindowFixture.h"
 
 #include "HostWindowTesting.h"
+#include "TestFiles.h"
 
 #include "FieldTesting.h"
 
@@ -60,7 +61,5 @@ void HostWindowFixture::typeIntoFloatEditor(const QString& path, const QString& 
 
 void HostWindowFixture::writeFile(const QString& path, const QByteArray& bytes)
 {
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
+    ::writeFile(path, bytes);
 }

@@ -3,6 +3,7 @@
 // too long for Coin's name table, and a save that would have replaced a good
 // file with one that does not read back.
 #include "HostWindowTesting.h"
+#include "TestFiles.h"
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalShell.h>
@@ -31,19 +32,6 @@
 #include <new>
 
 namespace {
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 // Groups nested levels deep around a cube.
 QByteArray nestedGroups(int levels)

@@ -3,6 +3,7 @@
 // opens any of them, so that an included file can neither overrun Coin's
 // reader, nor hang it, nor include itself.
 #include "HostWindowTesting.h"
+#include "TestFiles.h"
 #include <KalHostWindow.h>
 #include <SceneIncludes.h>
 #include <SceneModel.h>
@@ -17,19 +18,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-void writeFile(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 const QByteArray kInventor("#Inventor V2.1 ascii\n");
 

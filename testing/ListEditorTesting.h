@@ -18,8 +18,10 @@
 
 #include <QApplication>
 #include <QDockWidget>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTextDocumentFragment>
@@ -30,6 +32,24 @@
 #include <typeinfo>
 
 namespace ListEditorTesting {
+
+// The lines of a list editor's popup in grid order, found by their place in
+// its layout: the popup is a window of its own, but a child of the editor.
+inline QList<QLineEdit*> popupLines(QWidget* editor)
+{
+    QList<QLineEdit*> lines;
+    auto* grid = editor ? editor->findChild<QGridLayout*>(QStringLiteral("m_popupFrameLayout")) : nullptr;
+    if (!grid)
+        return lines;
+    for (int row = 0; row < grid->rowCount(); ++row) {
+        for (int column = 0; column < grid->columnCount(); ++column) {
+            QLayoutItem* item = grid->itemAtPosition(row, column);
+            if (item && item->widget())
+                lines << static_cast<QLineEdit*>(item->widget());
+        }
+    }
+    return lines;
+}
 
 inline FxMFieldTable* table()
 {

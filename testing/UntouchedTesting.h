@@ -4,6 +4,7 @@
 // clicks elsewhere, a slider pressed and let go without moving, and a count
 // of a field's notifications.
 #include "FieldTesting.h"
+#include "ListEditorTesting.h"
 #include "SliderDrag.h"
 
 #include <Inventor/fields/SoFieldContainer.h>
@@ -26,6 +27,8 @@ inline constexpr char kEightDigitMatrix[] = "-0.69569266 0.71838945 0.012345678 
                                             "-0.2048548 0.30023453 0.93168502 0 "
                                             "1.2345678 -2.3456789 3.4567891 1";
 inline constexpr char kEightDigitRotation[] = "-0.43643582 0.21821791 0.87287158 1.2345678";
+
+using ListEditorTesting::popupLines;
 
 inline QStringList containerTexts(SoFieldContainer* container)
 {
@@ -73,24 +76,6 @@ inline void leave(QLineEdit* edit)
     QApplication::sendEvent(edit, &in);
     QFocusEvent out(QEvent::FocusOut, Qt::MouseFocusReason);
     QApplication::sendEvent(edit, &out);
-}
-
-// The lines of a list editor's popup in grid order, found by their place in
-// its layout: the popup is a window of its own, but a child of the editor.
-inline QList<QLineEdit*> popupLines(QWidget* editor)
-{
-    QList<QLineEdit*> lines;
-    auto* grid = editor ? editor->findChild<QGridLayout*>(QStringLiteral("m_popupFrameLayout")) : nullptr;
-    if (!grid)
-        return lines;
-    for (int row = 0; row < grid->rowCount(); ++row) {
-        for (int column = 0; column < grid->columnCount(); ++column) {
-            QLayoutItem* item = grid->itemAtPosition(row, column);
-            if (item && item->widget())
-                lines << static_cast<QLineEdit*>(item->widget());
-        }
-    }
-    return lines;
 }
 
 // Presses the slider on its handle and lets go without moving.

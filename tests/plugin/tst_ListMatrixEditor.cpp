@@ -39,22 +39,9 @@ QFrame* popup()
     return EditorDockFixture::child<QFrame>("m_popupFrame");
 }
 
-// The popup's lines in grid order, found by their place in its layout.
 QList<QLineEdit*> popupLines()
 {
-    QList<QLineEdit*> lines;
-    QFrame* frame = popup();
-    auto* grid = frame ? frame->findChild<QGridLayout*>(QStringLiteral("m_popupFrameLayout")) : nullptr;
-    if (!grid)
-        return lines;
-    for (int row = 0; row < grid->rowCount(); ++row) {
-        for (int column = 0; column < grid->columnCount(); ++column) {
-            QLayoutItem* item = grid->itemAtPosition(row, column);
-            if (item && item->widget())
-                lines << static_cast<QLineEdit*>(item->widget());
-        }
-    }
-    return lines;
+    return ListEditorTesting::popupLines(popup());
 }
 
 QStringList popupTexts()

@@ -171,8 +171,10 @@ static void BM_PlainTextEditAppend(benchmark::State& state)
 }
 BENCHMARK(BM_PlainTextEditAppend)->Unit(benchmark::kMillisecond);
 
-// The heap the console holds with 100,000 captured lines in it.
-static void BM_MemoryAfter100kLines(benchmark::State& state)
+// The heap a capturing console holds after `write` ran, above what it held
+// empty.
+template <class Write>
+static void heapAddedBy(benchmark::State& state, Write write)
 {
     for (auto _ : state) {
         shownWindow();
@@ -180,8 +182,7 @@ static void BM_MemoryAfter100kLines(benchmark::State& state)
         activateCapturing(console);
         eventLoopPass();
         const double before = heapBytesInUse() / 1024.0;
-        for (int i = 0; i < 100000; ++i)
-            std::cout << line();
+        write();
         eventLoopPass();
         const double after = heapBytesInUse() / 1024.0;
         state.counters["heap_kib_added"] = after - before;
@@ -189,25 +190,22 @@ static void BM_MemoryAfter100kLines(benchmark::State& state)
         console.destroyWidget();
     }
 }
+
+// The heap the console holds with 100,000 captured lines in it.
+static void BM_MemoryAfter100kLines(benchmark::State& state)
+{
+    heapAddedBy(state, [] {
+        for (int i = 0; i < 100000; ++i)
+            std::cout << line();
+    });
+}
 BENCHMARK(BM_MemoryAfter100kLines)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 // The heap the console holds with a million captured lines written to it
 // from another thread: no more than it keeps.
 static void BM_MemoryAfterMillionLines(benchmark::State& state)
 {
-    for (auto _ : state) {
-        shownWindow();
-        KalConsole console;
-        activateCapturing(console);
-        eventLoopPass();
-        const double before = heapBytesInUse() / 1024.0;
-        flood(1, 1000000);
-        eventLoopPass();
-        const double after = heapBytesInUse() / 1024.0;
-        state.counters["heap_kib_added"] = after - before;
-        console.deactivate();
-        console.destroyWidget();
-    }
+    heapAddedBy(state, [] { flood(1, 1000000); });
 }
 BENCHMARK(BM_MemoryAfterMillionLines)->Iterations(1)->Unit(benchmark::kMillisecond);
 

@@ -57,11 +57,14 @@ bool FieldWrite::set1Text(SoMField* field, int index, const char* text)
         if (auto scratch = scratchOf(field)) {
             auto* list = static_cast<SoMField*>(scratch.get());
             SbString other;
-            if (list->set1(0, text)) {
+            const bool read = list->set1(0, text) != 0;
+            if (read)
                 list->get1(0, other);
-                if (std::strcmp(current.getString(), other.getString()) == 0)
-                    return false;
-            }
+            // A value that does not read leaves Coin's array allocated but
+            // uncounted, and a list frees only the values it counts.
+            list->setNum(1);
+            if (read && std::strcmp(current.getString(), other.getString()) == 0)
+                return false;
         }
     }
     return field->set1(index, text) != 0;

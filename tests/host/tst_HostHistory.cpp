@@ -131,6 +131,8 @@ void tst_HostHistory::keptHistoryRestoresTheSelectedField()
     KalServices* services = KalServices::getInstance();
     services->setHistoryOptions(kAll);
     services->setEntryNamer([](SoField*, SoField* before) {
+        if (!before->isOfType(SoSFFloat::getClassTypeId()))
+            return QString();
         return QStringLiteral("from %1").arg(double(static_cast<SoSFFloat*>(before)->getValue()));
     });
     SoComplexity* node = new SoComplexity;

@@ -34,16 +34,21 @@ std::string normalised(const char* text)
     return word;
 }
 
+// The setting's text, without case or surrounding blanks; empty when it is
+// unset or blank, which every reader takes as "use the default".
+std::string settingWord(const char* name)
+{
+    if (!name || !*name)
+        return std::string();
+    const char* text = std::getenv(name);
+    return text ? normalised(text) : std::string();
+}
+
 } // namespace
 
 SbBool SoPreferences::getBool(const char* name, SbBool defaultValue)
 {
-    if (!name || !*name)
-        return defaultValue;
-    const char* text = std::getenv(name);
-    if (!text)
-        return defaultValue;
-    const std::string word = normalised(text);
+    const std::string word = settingWord(name);
     for (const Spelling& spelling : kSpellings) {
         if (word == spelling.text)
             return spelling.value;
@@ -53,12 +58,7 @@ SbBool SoPreferences::getBool(const char* name, SbBool defaultValue)
 
 int SoPreferences::getInt(const char* name, int defaultValue, int minimum)
 {
-    if (!name || !*name)
-        return defaultValue;
-    const char* text = std::getenv(name);
-    if (!text)
-        return defaultValue;
-    const std::string word = normalised(text);
+    const std::string word = settingWord(name);
     if (word.empty())
         return defaultValue;
     char* end = nullptr;

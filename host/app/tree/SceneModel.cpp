@@ -110,6 +110,19 @@ void SceneModel::refreshHeldRows(Item* item)
     // ones come, so that a view never reaches a node the field let go of.
     if (!item->sized)
         return;
+    const int count = SceneRows::heldCount(item->field);
+    bool same = size_t(count) == item->children.size();
+    for (int i = 0; same && i < count; ++i) {
+        const std::unique_ptr<Item>& child = item->children[size_t(i)];
+        same = !child || child->node == SceneRows::heldAt(item->field, i);
+    }
+    if (same) {
+        // Coin names the holding field as the one that changed when a
+        // field of a node it holds did: the rows below show their values
+        // again.
+        refreshValuesBelow(item);
+        return;
+    }
     const QModelIndex at = createIndex(item->row, 0, item);
     if (!item->children.empty()) {
         beginRemoveRows(at, 0, int(item->children.size()) - 1);
@@ -119,11 +132,28 @@ void SceneModel::refreshHeldRows(Item* item)
             freeRows(std::move(child));
         endRemoveRows();
     }
-    const int count = SceneRows::heldCount(item->field);
     if (count > 0) {
         beginInsertRows(at, 0, count - 1);
         item->children.resize(size_t(count));
         endInsertRows();
+    }
+}
+
+void SceneModel::refreshValuesBelow(Item* top)
+{
+    std::vector<Item*> pending{top};
+    while (!pending.empty()) {
+        Item* item = pending.back();
+        pending.pop_back();
+        for (const std::unique_ptr<Item>& child : item->children) {
+            if (!child)
+                continue;
+            pending.push_back(child.get());
+            if (child->field) {
+                const QModelIndex value = createIndex(child->row, ValueColumn, child.get());
+                emit dataChanged(value, value, {Qt::DisplayRole, Qt::ToolTipRole});
+            }
+        }
     }
 }
 

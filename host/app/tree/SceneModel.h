@@ -70,6 +70,7 @@ private:
     Item* childOf(Item* parent, int row) const;
     void freeRows(std::unique_ptr<Item> top);
     void refreshHeldRows(Item* item);
+    void refreshValuesBelow(Item* top);
     static void sceneChanged(void* data, SoSensor* sensor);
     void refreshChangedValues();
 

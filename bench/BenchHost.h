@@ -56,3 +56,30 @@ inline KalHostWindow& benchHost()
     }();
     return *instance;
 }
+
+// The same 100,000 nodes with geometry held in fields: 1,000 groups of 33
+// materials, 33 point sets and the 33 VertexProperty nodes those hold in
+// their vertexProperty field (four vertices each), plus the groups and the
+// root. Four of the vertex lists have names ("Marker0", "Marker333", ...).
+inline QString nestedScenePath()
+{
+    static QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("nested.iv"));
+    if (QFile::exists(path))
+        return path;
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write("#Inventor V2.1 ascii\nSeparator {\n");
+    for (int group = 0; group < 1000; ++group) {
+        file.write("Separator {\n");
+        for (int i = 0; i < 33; ++i) {
+            file.write("Material { diffuseColor 0.5 0.5 0.5 }\nPointSet { vertexProperty ");
+            if (i == 16 && group % 333 == 0)
+                file.write(QStringLiteral("DEF Marker%1 ").arg(group).toUtf8());
+            file.write("VertexProperty { vertex [ 0 0 0, 1 0 0, 1 1 0, 0 1 0 ] } }\n");
+        }
+        file.write("}\n");
+    }
+    file.write("}\n");
+    return path;
+}

@@ -347,10 +347,11 @@ void tst_HostLayout::captionAndStatusBarSayWhatIsSelected()
     QVERIFY(m_host->select(QStringLiteral("Sampler.orientation")));
     QVERIFY(caption->text().contains(QStringLiteral("Sampler.orientation")));
     QVERIFY(caption->text().contains(QStringLiteral("SFRotation")));
-    QVERIFY(status->text().endsWith(QStringLiteral("/Sampler.orientation (SFRotation)")));
+    // The path --select takes back to it.
+    QCOMPARE(status->text(), QStringLiteral("Sampler.orientation (SFRotation)"));
 
     QVERIFY(m_host->select(QStringLiteral("Sampler")));
-    QVERIFY(status->text().endsWith(QStringLiteral("/Sampler (KalFieldSampler)")));
+    QCOMPARE(status->text(), QStringLiteral("Sampler (KalFieldSampler)"));
     QVERIFY(!caption->text().contains(QStringLiteral("orientation")));
 
     m_host->tree()->selectionModel()->clearSelection();

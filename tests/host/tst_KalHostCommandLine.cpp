@@ -43,6 +43,8 @@ private slots:
     void overlongSelectionIsRefused();
     void selectionsNamingNothingAreRefused_data();
     void selectionsNamingNothingAreRefused();
+    void selectionsReachNodesHeldInFields_data();
+    void selectionsReachNodesHeldInFields();
     void unwritableScreenshotSaysWhy();
 
 private:
@@ -249,6 +251,34 @@ void tst_KalHostCommandLine::selectionsNamingNothingAreRefused()
     const Run run = kalhost({QStringLiteral("--select"), path, QStringLiteral("--quit")});
     QVERIFY2(run.code == 1, qPrintable(run.err));
     QVERIFY2(run.err.contains(said), qPrintable(run.err));
+}
+
+void tst_KalHostCommandLine::selectionsReachNodesHeldInFields_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<int>("code");
+    QTest::newRow("a kit's part") << "LEFT_THIGH.transform" << 0;
+    QTest::newRow("a field of the part") << "LEFT_THIGH.transform/0.translation" << 0;
+    QTest::newRow("a node in a File node's scene") << "Part.width" << 0;
+    QTest::newRow("a part the kit lacks") << "LEFT_THIGH.appearance/0" << 1;
+}
+
+void tst_KalHostCommandLine::selectionsReachNodesHeldInFields()
+{
+    QFETCH(QString, path);
+    QFETCH(int, code);
+    QFile part(m_dir.filePath(QStringLiteral("part.iv")));
+    QVERIFY(part.open(QIODevice::WriteOnly));
+    part.write("#Inventor V2.1 ascii\nDEF Part Cube { width 3 }\n");
+    part.close();
+    QFile scene(m_dir.filePath(QStringLiteral("kit.iv")));
+    QVERIFY(scene.open(QIODevice::WriteOnly));
+    scene.write("#Inventor V2.1 ascii\nSeparator {\n  DEF LEFT_THIGH ShapeKit { transform Transform { } }\n"
+                "  File { name \"part.iv\" }\n}\n");
+    scene.close();
+    const Run run = kalhost({scene.fileName(), QStringLiteral("--select"), path, QStringLiteral("--quit")});
+    QVERIFY2(run.code == code, qPrintable(run.err));
+    QCOMPARE(run.err.contains(QStringLiteral("The scene has no node")), code != 0);
 }
 
 void tst_KalHostCommandLine::unwritableScreenshotSaysWhy()

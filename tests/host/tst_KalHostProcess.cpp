@@ -120,6 +120,11 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     QVERIFY(listUndone != colours);
     QVERIFY(colours != colourUndone);
     QVERIFY(colourUndone != vectors);
+    // A vertex held in a shape's VertexProperty, edited in the same list.
+    QVERIFY2(run.out.contains(QStringLiteral("typed -0.6 into y of row 3")), qPrintable(run.out));
+    const QImage vertexEdited(QDir(directory).filePath(QStringLiteral("16-vertex-property.png")));
+    QVERIFY(vertexEdited.width() > 600);
+    QVERIFY(QImage(QDir(directory).filePath(QStringLiteral("15-filter.png"))) != vertexEdited);
     // The colour's undo names the row and both values: the gold comes back.
     QVERIFY2(run.out.contains(QStringLiteral("Edit > Undo Set row 1 of Gold.diffuseColor: 0.85 0.6 0.15 ")),
              qPrintable(run.out));

@@ -2,10 +2,13 @@
 
 #include "SceneFilterModel.h"
 #include "SceneModel.h"
+#include "ScenePath.h"
 #include "SceneSearch.h"
 #include "TreeSelection.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -83,12 +86,34 @@ SceneFilterBox::SceneFilterBox(QTreeView* tree, SceneModel* model, QWidget* pare
     connect(m_edit, &QLineEdit::textChanged, m_pause, qOverload<>(&QTimer::start));
     connect(m_edit, &QLineEdit::returnPressed, this, &SceneFilterBox::apply);
     // A new scene is filtered by the same text (its filtered rows went with
-    // the old scene's).
-    connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
+    // the old scene's), and so are new nodes under a field.
+    const auto filterAgain = [this] {
         m_matches = 0;
         if (!m_edit->text().trimmed().isEmpty())
             m_pause->start();
-    });
+    };
+    connect(m_model, &QAbstractItemModel::modelReset, this, filterAgain);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, filterAgain);
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, filterAgain);
+
+    // The path a person can paste after --select, from either tree's rows.
+    auto* copyPath = new QAction(tr("Copy Path"), this);
+    copyPath->setObjectName(QStringLiteral("CopyPathAction"));
+    copyPath->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    copyPath->setShortcutContext(Qt::WidgetShortcut);
+    copyPath->setToolTip(tr("Copies the selected row's path, as --select takes it"));
+    connect(copyPath, &QAction::triggered, this, &SceneFilterBox::copySelectedPath);
+    for (QTreeView* tree : {m_tree, m_filteredTree}) {
+        tree->addAction(copyPath);
+        tree->setContextMenuPolicy(Qt::ActionsContextMenu);
+    }
+}
+
+void SceneFilterBox::copySelectedPath()
+{
+    const QString path = ScenePath::of(*m_model, TreeSelection::selectedRow(m_tree->selectionModel()));
+    if (!path.isEmpty())
+        QGuiApplication::clipboard()->setText(path);
 }
 
 SceneFilterBox::~SceneFilterBox()

@@ -38,6 +38,9 @@ public:
 public slots:
     // Filters by the box's text now, without waiting for typing to pause.
     void apply();
+    // Puts the selected row's path on the clipboard ("Copy Path" on the
+    // trees' rows).
+    void copySelectedPath();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

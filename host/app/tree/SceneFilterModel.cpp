@@ -11,13 +11,19 @@ SceneFilterModel::SceneFilterModel(SceneModel* scene, QObject* parent)
 {
     QAbstractProxyModel::setSourceModel(scene);
     forget();
-    // The scene model never inserts, removes or moves rows: a new scene
-    // resets it, and values change in place.
-    connect(scene, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    // The scene model resets for a new scene, changes values in place, and
+    // changes rows only under a field whose nodes changed; the filtered rows
+    // go then, and the box filters again.
+    const auto goAway = [this] {
         beginResetModel();
         forget();
-    });
+    };
+    connect(scene, &QAbstractItemModel::modelAboutToBeReset, this, goAway);
     connect(scene, &QAbstractItemModel::modelReset, this, &SceneFilterModel::endResetModel);
+    connect(scene, &QAbstractItemModel::rowsAboutToBeRemoved, this, goAway);
+    connect(scene, &QAbstractItemModel::rowsRemoved, this, &SceneFilterModel::endResetModel);
+    connect(scene, &QAbstractItemModel::rowsAboutToBeInserted, this, goAway);
+    connect(scene, &QAbstractItemModel::rowsInserted, this, &SceneFilterModel::endResetModel);
     connect(scene, &QAbstractItemModel::dataChanged, this, &SceneFilterModel::sourceDataChanged);
 }
 

@@ -60,6 +60,9 @@ struct SceneModel::Item
     int row = 0;
     SoNode* node = nullptr;
     SoField* field = nullptr;
+    // A node held by a field is referenced by its row: a new value may drop
+    // the field's last reference to it before the row is gone.
+    bool holdsReference = false;
     // Made on demand; a null entry is a row no view has asked for yet.
     std::vector<std::unique_ptr<Item>> children;
     bool sized = false;
@@ -94,6 +97,63 @@ void SceneModel::freeRows(std::unique_ptr<Item> top)
             continue;
         for (std::unique_ptr<Item>& child : item->children)
             pending.push_back(std::move(child));
+        if (item->field)
+            m_fieldRows.remove(item->field, item.get());
+        if (item->holdsReference)
+            LargeStack::unref(item->node);
+    }
+}
+
+void SceneModel::refreshHeldRows(Item* item)
+{
+    // The rows under a field follow its value: the old ones go and the new
+    // ones come, so that a view never reaches a node the field let go of.
+    if (!item->sized)
+        return;
+    const int count = SceneRows::heldCount(item->field);
+    bool same = size_t(count) == item->children.size();
+    for (int i = 0; same && i < count; ++i) {
+        const std::unique_ptr<Item>& child = item->children[size_t(i)];
+        same = !child || child->node == SceneRows::heldAt(item->field, i);
+    }
+    if (same) {
+        // Coin names the holding field as the one that changed when a
+        // field of a node it holds did: the rows below show their values
+        // again.
+        refreshValuesBelow(item);
+        return;
+    }
+    const QModelIndex at = createIndex(item->row, 0, item);
+    if (!item->children.empty()) {
+        beginRemoveRows(at, 0, int(item->children.size()) - 1);
+        std::vector<std::unique_ptr<Item>> gone = std::move(item->children);
+        item->children.clear();
+        for (std::unique_ptr<Item>& child : gone)
+            freeRows(std::move(child));
+        endRemoveRows();
+    }
+    if (count > 0) {
+        beginInsertRows(at, 0, count - 1);
+        item->children.resize(size_t(count));
+        endInsertRows();
+    }
+}
+
+void SceneModel::refreshValuesBelow(Item* top)
+{
+    std::vector<Item*> pending{top};
+    while (!pending.empty()) {
+        Item* item = pending.back();
+        pending.pop_back();
+        for (const std::unique_ptr<Item>& child : item->children) {
+            if (!child)
+                continue;
+            pending.push_back(child.get());
+            if (child->field) {
+                const QModelIndex value = createIndex(child->row, ValueColumn, child.get());
+                emit dataChanged(value, value, {Qt::DisplayRole, Qt::ToolTipRole});
+            }
+        }
     }
 }
 
@@ -101,9 +161,9 @@ void SceneModel::setRoot(SoNode* root)
 {
     beginResetModel();
     m_sensor->detach();
-    m_fieldRows.clear();
     m_changed.clear();
     freeRows(std::exchange(m_top, std::make_unique<Item>()));
+    m_fieldRows.clear();
     if (root)
         root->ref();
     // The last reference to a deep scene frees it level by level.
@@ -130,6 +190,8 @@ SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
         parent->sized = true;
         if (parent == m_top.get())
             parent->children.resize(m_root ? 1 : 0);
+        else if (parent->field)
+            parent->children.resize(size_t(SceneRows::heldCount(parent->field)));
         else if (parent->node)
             parent->children.resize(size_t(SceneRows::count(parent->node)));
     }
@@ -142,6 +204,11 @@ SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
         slot->row = row;
         if (parent == m_top.get()) {
             slot->node = m_root;
+        } else if (parent->field) {
+            slot->node = SceneRows::heldAt(parent->field, row);
+            slot->holdsReference = slot->node != nullptr;
+            if (slot->holdsReference)
+                slot->node->ref();
         } else {
             slot->field = SceneRows::fieldAt(parent->node, row);
             if (slot->field)
@@ -193,8 +260,6 @@ QModelIndex SceneModel::index(int row, int column, const QModelIndex& parent) co
     if (column < 0 || column >= ColumnCount)
         return QModelIndex();
     Item* parentItem = itemOf(parent);
-    if (parentItem->field)
-        return QModelIndex();
     Item* item = childOf(parentItem, row);
     return item ? createIndex(row, column, item) : QModelIndex();
 }
@@ -212,8 +277,13 @@ int SceneModel::rowCount(const QModelIndex& parent) const
     if (parent.isValid() && parent.column() != 0)
         return 0;
     Item* item = itemOf(parent);
+    // Once made, the rows are what the model has told the views.
+    if (item->sized)
+        return int(item->children.size());
     if (item == m_top.get())
         return m_root ? 1 : 0;
+    if (item->field)
+        return SceneRows::heldCount(item->field);
     return SceneRows::count(item->node);
 }
 
@@ -232,6 +302,8 @@ QVariant SceneModel::data(const QModelIndex& index, int role) const
     Item* item = index.isValid() ? itemOf(index) : nullptr;
     if (!item)
         return QVariant();
+    if (!item->node && !item->field)
+        return role == Qt::DisplayRole && index.column() == NameColumn ? QStringLiteral("NULL") : QVariant();
     if (role == Qt::FontRole && item->node && index.column() == NameColumn) {
         QFont font;
         font.setBold(true);
@@ -291,6 +363,8 @@ void SceneModel::sceneChanged(void* data, SoSensor* sensor)
     emit model->fieldChanged(field);
     if (!model->m_fieldRows.contains(field))
         return;
+    // A field's rows, or the nodes under them, are never changed while Coin
+    // is in the middle of a notification.
     // Many writes in a row (a slider drag) refresh the row once.
     model->m_changed.insert(field);
     if (!model->m_refreshQueued) {
@@ -306,10 +380,11 @@ void SceneModel::refreshChangedValues()
     const QSet<SoField*> changed = std::move(m_changed);
     m_changed.clear();
     for (SoField* field : changed) {
-        Item* item = m_fieldRows.value(field);
-        if (!item)
-            continue;
-        const QModelIndex value = createIndex(item->row, ValueColumn, item);
-        emit dataChanged(value, value, {Qt::DisplayRole, Qt::ToolTipRole});
+        for (Item* item : m_fieldRows.values(field)) {
+            if (SceneRows::holdsNodes(field))
+                refreshHeldRows(item);
+            const QModelIndex value = createIndex(item->row, ValueColumn, item);
+            emit dataChanged(value, value, {Qt::DisplayRole, Qt::ToolTipRole});
+        }
     }
 }

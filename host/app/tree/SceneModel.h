@@ -14,9 +14,12 @@ class SoNodeSensor;
 class SoSensor;
 
 // The scene graph as a tree: every node with its fields first, then its
-// children, as SceneRows counts them. Rows are made when a view first asks
-// for them, so that a scene of any size opens at once; value texts follow
-// the fields as they change.
+// children, and under a field that holds nodes the nodes it holds, as
+// SceneRows counts them. Rows are made when a view first asks for them, so
+// that a scene of any size opens at once, and a node used in several places
+// gets its rows in each place only when that place is opened; value texts
+// follow the fields as they change, and the nodes under a field follow its
+// value.
 class SceneModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -65,15 +68,18 @@ private:
 
     Item* itemOf(const QModelIndex& index) const;
     Item* childOf(Item* parent, int row) const;
-    static void freeRows(std::unique_ptr<Item> top);
+    void freeRows(std::unique_ptr<Item> top);
+    void refreshHeldRows(Item* item);
+    void refreshValuesBelow(Item* top);
     static void sceneChanged(void* data, SoSensor* sensor);
     void refreshChangedValues();
 
     std::unique_ptr<Item> m_top;
     SoNode* m_root = nullptr;
     std::unique_ptr<SoNodeSensor> m_sensor;
-    // Only fields that have a row are followed.
-    mutable QHash<SoField*, Item*> m_fieldRows;
+    // Only fields that have a row are followed; a field of a node used in
+    // several places has a row in each.
+    mutable QMultiHash<SoField*, Item*> m_fieldRows;
     QSet<SoField*> m_changed;
     bool m_refreshQueued = false;
 };

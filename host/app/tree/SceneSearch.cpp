@@ -9,6 +9,7 @@
 #include <Inventor/misc/SoChildList.h>
 #include <Inventor/nodes/SoNode.h>
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace {
@@ -42,20 +43,9 @@ public:
 
     // The rows of the node's fields whose name or type matches: a field's
     // row is its index among the fields (see SceneRows).
-    const std::vector<int>& fieldMatches(SoNode* node)
-    {
-        const SoFieldData* data = node->getFieldData();
-        auto known = m_fields.find(data);
-        if (known != m_fields.end())
-            return known->second;
-        std::vector<int> matching;
-        for (int i = 0; data && i < data->getNumFields(); ++i) {
-            const char* type = data->getField(node, i)->getTypeId().getName().getString();
-            if (holds(QLatin1String(data->getFieldName(i).getString())) || holds(QLatin1String(type)))
-                matching.push_back(i);
-        }
-        return m_fields.emplace(data, std::move(matching)).first->second;
-    }
+    const std::vector<int>& fieldMatches(SoNode* node) { return fieldsOf(node).matching; }
+    // The rows of the node's fields that hold nodes.
+    const std::vector<int>& nodeFields(SoNode* node) { return fieldsOf(node).holding; }
 
 private:
     bool holds(const QString& text) const { return text.contains(m_text, Qt::CaseInsensitive); }
@@ -64,17 +54,60 @@ private:
     QString m_text;
     std::unordered_map<const char*, bool> m_names;
     std::unordered_map<int, bool> m_types;
-    std::unordered_map<const SoFieldData*, std::vector<int>> m_fields;
+    struct Fields
+    {
+        std::vector<int> matching;
+        std::vector<int> holding;
+    };
+
+    const Fields& fieldsOf(SoNode* node)
+    {
+        const SoFieldData* data = node->getFieldData();
+        auto known = m_fields.find(data);
+        if (known != m_fields.end())
+            return known->second;
+        Fields fields;
+        for (int i = 0; data && i < data->getNumFields(); ++i) {
+            SoField* field = data->getField(node, i);
+            const char* type = field->getTypeId().getName().getString();
+            if (holds(QLatin1String(data->getFieldName(i).getString())) || holds(QLatin1String(type)))
+                fields.matching.push_back(i);
+            if (SceneRows::holdsNodes(field))
+                fields.holding.push_back(i);
+        }
+        return m_fields.emplace(data, std::move(fields)).first->second;
+    }
+
+    std::unordered_map<const SoFieldData*, Fields> m_fields;
 };
 
-// A node on the way down, with its entry among the rows.
+// A node or a field that holds nodes, on the way down, with its entry among
+// the rows. A node goes through its node-holding fields first, then its
+// children; a field through the nodes it holds.
 struct Frame
 {
     SoNode* node;
+    SoField* field;
     int entry;
-    int nextChild;
+    int next;
     bool matched;
 };
+
+// What the walk knows of a node that may be met again: only a node with
+// more than one reference can be.
+enum class Seen
+{
+    Inside,
+    NoMatch,
+    Match
+};
+
+void keepRow(std::vector<int>& rows, int row)
+{
+    const auto at = std::lower_bound(rows.begin(), rows.end(), row);
+    if (at == rows.end() || *at != row)
+        rows.insert(at, row);
+}
 
 } // namespace
 
@@ -85,6 +118,7 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         return result;
     Matcher matcher(text);
     std::vector<Frame> stack;
+    std::unordered_map<SoNode*, Seen> seen;
 
     // Every node gets an entry on the way down; on the way up, one that
     // neither matched nor holds anything that did is the last entry (its
@@ -93,34 +127,76 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         Row entry;
         entry.parent = parent;
         entry.row = row;
+        if (node->getRefCount() > 1) {
+            const auto met = seen.emplace(node, Seen::Inside);
+            if (!met.second) {
+                // Met before: kept whole and folded if anything in it
+                // matched there; a node met again inside itself is not
+                // gone into a second time.
+                if (met.first->second == Seen::Match) {
+                    result.rows.push_back(std::move(entry));
+                    keepRow(result.rows[size_t(parent)].keptRows, row);
+                }
+                return;
+            }
+        }
         const bool matched = matcher.nodeMatches(node);
         entry.keptRows = matcher.fieldMatches(node);
         result.matches += int(matched) + int(entry.keptRows.size());
         result.rows.push_back(std::move(entry));
-        stack.push_back({node, int(result.rows.size()) - 1, 0, matched});
+        stack.push_back({node, nullptr, int(result.rows.size()) - 1, 0, matched});
     };
 
     enter(root, -1, 0);
     while (!stack.empty()) {
         Frame& top = stack.back();
-        SoChildList* children = top.node->getChildren();
-        if (children && top.nextChild < children->getLength()) {
-            const int place = top.nextChild++;
-            const int parent = top.entry;
-            const int row = SceneRows::rowOfChild(top.node, place);
-            enter((*children)[place], parent, row);
-            continue;
+        if (top.field) {
+            if (top.next < SceneRows::heldCount(top.field)) {
+                const int row = top.next++;
+                if (SoNode* held = SceneRows::heldAt(top.field, row))
+                    enter(held, top.entry, row);
+                continue;
+            }
+        } else {
+            const std::vector<int>& holding = matcher.nodeFields(top.node);
+            if (top.next < int(holding.size())) {
+                const int row = holding[size_t(top.next++)];
+                SoField* field = SceneRows::fieldAt(top.node, row);
+                if (SceneRows::heldCount(field) > 0) {
+                    Row entry;
+                    entry.parent = top.entry;
+                    entry.row = row;
+                    result.rows.push_back(std::move(entry));
+                    stack.push_back({top.node, field, int(result.rows.size()) - 1, 0, false});
+                }
+                continue;
+            }
+            const int place = top.next - int(holding.size());
+            if (place < SceneRows::childCount(top.node)) {
+                ++top.next;
+                const int parent = top.entry;
+                const int row = SceneRows::rowOfChild(top.node, place);
+                enter((*top.node->getChildren())[place], parent, row);
+                continue;
+            }
         }
-        const Frame done = top;
+        const Frame done = stack.back();
         stack.pop_back();
         Row& entry = result.rows[size_t(done.entry)];
-        if (entry.keptRows.empty() && !done.matched) {
+        const bool kept = !entry.keptRows.empty() || done.matched;
+        if (!done.field && done.node->getRefCount() > 1) {
+            const auto met = seen.find(done.node);
+            if (met != seen.end())
+                met->second = kept ? Seen::Match : Seen::NoMatch;
+        }
+        if (!kept) {
             result.rows.pop_back();
             continue;
         }
         entry.narrowed = !entry.keptRows.empty();
+        // A field's own match is among its node's rows already.
         if (entry.parent >= 0)
-            result.rows[size_t(entry.parent)].keptRows.push_back(entry.row);
+            keepRow(result.rows[size_t(entry.parent)].keptRows, entry.row);
     }
     return result;
 }

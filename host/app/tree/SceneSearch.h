@@ -7,15 +7,22 @@
 class SoNode;
 
 // Finds the rows of the scene tree that a filter text names: nodes whose
-// name or type holds the text, and fields whose name or type does. It walks
-// the scene graph itself, so that rows no view has asked for yet are found
-// as well, and it walks without recursing, so that scenes tens of thousands
-// of levels deep are searched like flat ones.
+// name or type holds the text, and fields whose name or type does, nodes
+// held in fields included. It walks the scene graph itself, so that rows no
+// view has asked for yet are found as well, and it walks without recursing,
+// so that scenes tens of thousands of levels deep are searched like flat
+// ones.
+//
+// A node used in several places is searched once, where the walk first
+// meets it. Everywhere else it is kept whole and folded when something
+// inside it matched, so that thirty groups each using the one below twice
+// (a billion places) are searched in thirty-one steps.
 class SceneSearch
 {
 public:
-    // A node row that stays in sight, in the order a walk from the root
-    // meets them (a parent before its children).
+    // A node row, or the row of a field that holds nodes, that stays in
+    // sight, in the order a walk from the root meets them (a parent before
+    // its children).
     struct Row
     {
         // Index into the rows of its parent's entry; -1 for the root.
@@ -34,8 +41,8 @@ public:
     struct Result
     {
         std::vector<Row> rows;
-        // Node and field rows whose text matched, each place a shared node
-        // is met counted once.
+        // Node and field rows whose text matched, a shared node's counted
+        // where the walk first met it.
         int matches = 0;
     };
 

@@ -7,10 +7,13 @@
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 #include <Inventor/SbXfBox3f.h>
 #include <Inventor/SoFullPath.h>
+#include <Inventor/SoNodeKitPath.h>
 #include <Inventor/SoPickedPoint.h>
 #include <Inventor/SoSceneManager.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/actions/SoRayPickAction.h>
+#include <Inventor/misc/SoChildList.h>
+#include <Inventor/nodekits/SoBaseKit.h>
 #include <Inventor/nodes/SoAnnotation.h>
 #include <Inventor/nodes/SoBaseColor.h>
 #include <Inventor/nodes/SoCube.h>
@@ -160,10 +163,7 @@ bool ViewPicker::pickAt(const QPoint& position)
     }
     if (rootAt < 0)
         return false;
-    std::vector<int> places;
-    for (int i = rootAt + 1; i < path->getLength(); ++i)
-        places.push_back(path->getIndex(i));
-    const QModelIndex row = m_model->nodeIndex(places);
+    const QModelIndex row = rowOfPath(path, rootAt);
     if (!row.isValid())
         return false;
     m_tree->scrollTo(row);
@@ -171,18 +171,81 @@ bool ViewPicker::pickAt(const QPoint& position)
     return true;
 }
 
+QModelIndex ViewPicker::rowOfPath(SoFullPath* path, int rootAt) const
+{
+    // Down the picked path from the scene's root: through a child's place
+    // where the tree shows children, and where a node keeps its children in
+    // fields (a kit, a VRML group) to the furthest node on the path that
+    // one of its fields holds, so that a kit's shape is found under its
+    // "shape" part rather than deep in the kit's own groups.
+    QModelIndex row = m_model->index(0, 0);
+    int at = rootAt;
+    while (row.isValid() && at + 1 < path->getLength()) {
+        SoNode* node = path->getNode(at);
+        if (SceneRows::childCount(node) > 0) {
+            row = m_model->index(SceneRows::rowOfChild(node, path->getIndex(at + 1)), 0, row);
+            ++at;
+            continue;
+        }
+        QModelIndex held;
+        for (int later = path->getLength() - 1; later > at && !held.isValid(); --later) {
+            for (int fieldRow = 0; fieldRow < SceneRows::fieldCount(node) && !held.isValid(); ++fieldRow) {
+                SoField* field = SceneRows::fieldAt(node, fieldRow);
+                for (int value = 0; value < SceneRows::heldCount(field) && !held.isValid(); ++value) {
+                    if (SceneRows::heldAt(field, value) == path->getNode(later)) {
+                        held = m_model->index(value, 0, m_model->index(fieldRow, 0, row));
+                        at = later;
+                    }
+                }
+            }
+        }
+        if (!held.isValid())
+            break;
+        row = held;
+    }
+    return row;
+}
+
 SoPath* ViewPicker::pathOf(const QModelIndex& row) const
 {
-    // A field's row stands for its node.
-    QModelIndex node = m_model->field(row) ? row.parent() : row;
-    std::vector<int> places;
-    for (; node.parent().isValid(); node = node.parent()) {
-        auto* parent = static_cast<SoNode*>(m_model->container(node.parent()));
-        places.push_back(SceneRows::childPlace(parent, node.row()));
-    }
+    // The rows from the root down to the row's node (a field's row stands
+    // for its node), then the way the scene graph draws it.
+    std::vector<QModelIndex> way;
+    for (QModelIndex at = row; at.isValid(); at = at.parent())
+        way.push_back(at);
     auto* path = new SoPath(m_model->root());
-    for (auto place = places.rbegin(); place != places.rend(); ++place)
-        path->append(*place);
+    for (auto at = way.rbegin() + 1; at < way.rend(); ++at) {
+        if (m_model->field(*at))
+            continue;
+        auto* node = static_cast<SoNode*>(m_model->container(*at));
+        const QModelIndex above = at->parent();
+        SoField* holder = m_model->field(above);
+        if (!holder) {
+            auto* parent = static_cast<SoNode*>(m_model->container(above));
+            path->append(SceneRows::childPlace(parent, at->row()));
+            continue;
+        }
+        // A node held in a field is drawn where its holder's children have
+        // it (a VRML group, a kit's top) or where the kit places the part;
+        // otherwise (a shape's vertexProperty) the holder is outlined.
+        auto* owner = static_cast<SoNode*>(m_model->container(above));
+        SoChildList* children = owner->getChildren();
+        const int place = children && node ? children->find(node) : -1;
+        if (place >= 0) {
+            path->append(place);
+            continue;
+        }
+        SbName part;
+        owner->getFieldName(holder, part);
+        SoPath* toPart = node && owner->isOfType(SoBaseKit::getClassTypeId())
+                             ? static_cast<SoBaseKit*>(owner)->createPathToPart(part, FALSE, path)
+                             : nullptr;
+        if (!toPart)
+            break;
+        path->ref();
+        path->unref();
+        path = toPart;
+    }
     return path;
 }
 

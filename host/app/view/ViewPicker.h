@@ -12,6 +12,7 @@ class QModelIndex;
 class QTreeView;
 class SceneModel;
 class SoCube;
+class SoFullPath;
 class SoMatrixTransform;
 class SoNode;
 class SoNodeSensor;
@@ -59,6 +60,7 @@ private:
     void placeOutline();
     void letGoOfScene();
     SoPath* pathOf(const QModelIndex& row) const;
+    QModelIndex rowOfPath(SoFullPath* path, int rootAt) const;
 
     SoQtExaminerViewer* m_viewer;
     QTreeView* m_tree;

@@ -4,6 +4,7 @@
 
 #include <Inventor/fields/SoMFColor.h>
 #include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoVertexProperty.h>
 
 #include <QAction>
 #include <QCoreApplication>
@@ -96,6 +97,13 @@ bool DemoTour::goldIsBack()
 {
     auto* gold = dynamic_cast<SoMaterial*>(SoNode::getByName("Gold"));
     return gold && gold->diffuseColor.getNum() == 1 && gold->diffuseColor[0] == SbColor(0.85f, 0.6f, 0.15f);
+}
+
+// The plinth's third corner as the tour's vertex edit leaves it.
+bool DemoTour::plinthCornerRaised()
+{
+    auto* vertices = dynamic_cast<SoVertexProperty*>(SoNode::getByName("PlinthVertices"));
+    return vertices && vertices->vertex.getNum() == 4 && vertices->vertex[2][1] == -0.6f;
 }
 
 // The list editor: a row added below the first one, a value typed into it,
@@ -218,6 +226,19 @@ void DemoTour::step()
         m_ok = filterTree(QStringLiteral("diffuseColor")) && m_ok;
         then(QStringLiteral("15-filter.png"),
              QStringLiteral("typed diffuseColor into the scene filter: the matching rows and their nodes"));
+        return;
+    case 9:
+        // A vertex held in a shape's field, edited in the same vector list.
+        m_ok = m_host->select(QStringLiteral("PlinthVertices.vertex")) &&
+               typeIntoListCell(2, 1, QStringLiteral("-0.6")) && m_ok;
+        // The table hands the typed cell to the editor once the event loop
+        // runs.
+        QCoreApplication::processEvents();
+        m_ok = plinthCornerRaised() && m_ok;
+        then(QStringLiteral("16-vertex-property.png"),
+             QStringLiteral(
+                 "selected PlinthVertices.vertex, the VertexProperty under PlinthFaces.vertexProperty "
+                 "(MFVec3f), typed -0.6 into y of row 3: a raised plinth corner"));
         return;
     default:
         emit finished(m_ok);

@@ -1,6 +1,7 @@
 #include "SelectionCaption.h"
 
 #include "SceneModel.h"
+#include "ScenePath.h"
 
 #include <QDockWidget>
 #include <QStringList>
@@ -30,18 +31,10 @@ QDockWidget* SelectionCaption::dock()
     return m_dock;
 }
 
-QString SelectionCaption::pathOf(const QModelIndex& row, bool fieldRow)
+QString SelectionCaption::pathOf(const QModelIndex& row)
 {
-    QStringList names;
-    for (QModelIndex at = row.siblingAtColumn(SceneModel::NameColumn); at.isValid(); at = at.parent())
-        names.prepend(at.data().toString());
-    if (names.isEmpty())
-        return QString();
-    if (fieldRow && names.size() > 1) {
-        const QString field = names.takeLast();
-        return names.join(QLatin1Char('/')) + QLatin1Char('.') + field;
-    }
-    return names.join(QLatin1Char('/'));
+    const auto* model = qobject_cast<const SceneModel*>(row.model());
+    return model ? ScenePath::of(*model, row) : QString();
 }
 
 QString SelectionCaption::typeOf(const QModelIndex& row)
@@ -56,13 +49,15 @@ QString SelectionCaption::plainText() const
 
 void SelectionCaption::showRow(const QModelIndex& row, bool fieldRow)
 {
+    // The path itself says whether it ends at a field.
+    Q_UNUSED(fieldRow)
     if (!row.isValid()) {
         m_plain = tr("Nothing selected");
         setText(tr("<i>Nothing selected.</i> Choose a field in the scene tree to edit it."));
         setToolTip(QString());
         return;
     }
-    const QString path = pathOf(row, fieldRow);
+    const QString path = pathOf(row);
     const QString type = typeOf(row);
     m_plain = tr("%1 (%2)").arg(path, type);
     setText(

@@ -25,9 +25,9 @@ public:
     void showRow(const QModelIndex& row, bool fieldRow);
     QString plainText() const;
 
-    // "Separator/Sampler.orientation" for a field row, "Separator/Sampler"
-    // for a node row: the names from the top of the tree down.
-    static QString pathOf(const QModelIndex& row, bool fieldRow);
+    // The path --select takes back to the row: "Sampler.orientation",
+    // "Ornament/Gold", "/1/3/1.vertexProperty" (see ScenePath).
+    static QString pathOf(const QModelIndex& row);
     // The type name shown in the tree's type column.
     static QString typeOf(const QModelIndex& row);
 

@@ -78,18 +78,31 @@ void tst_ConsoleTeardown::writersDuringProfileSwitches()
     std::cerr.rdbuf(&err);
     // A small console, so that what floods in is shown quickly.
     makeConsoleKeeping(1000);
+    // A page of long lines in one block keeps its writer inside the
+    // redirector, gathering a line, handing it over, gathering the next, and
+    // each deactivation waits until some writer has begun one. Single short
+    // lines were inside it too briefly: a redirector freed under its writer
+    // was caught in two runs of five; with pages and 400 rounds, in every
+    // run (under the address sanitizer, where a freed one is seen).
+    std::string page;
+    for (int line = 0; line < 64; ++line)
+        page += "page line " + std::string(240, '.') + '\n';
     std::atomic<bool> stop{false};
     std::atomic<int> started{0};
+    std::atomic<int> paging{0};
     std::vector<std::thread> writers;
     for (int t = 0; t < kWriters; ++t) {
-        writers.emplace_back([t, &stop, &started] {
+        writers.emplace_back([t, &page, &stop, &started, &paging] {
             ++started;
             for (long n = 0; !stop.load(); ++n) {
-                // Pieces and whole lines, so that writers are inside every
-                // path of the redirector.
+                // Pieces, whole lines and pages, so that writers are inside
+                // every path of the redirector.
                 (t % 2 ? std::cout : std::cerr) << "w" << t << ' ' << n << '\n';
                 std::cout.put('x');
                 std::cout << std::endl;
+                ++paging;
+                (t % 2 ? std::cerr : std::cout) << page;
+                --paging;
                 if (n % 16 == 0)
                     std::this_thread::sleep_for(std::chrono::microseconds(100));
             }
@@ -97,7 +110,10 @@ void tst_ConsoleTeardown::writersDuringProfileSwitches()
     }
     while (started.load() < kWriters)
         std::this_thread::yield();
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 400; ++round) {
+        // Bounded, so that a writer held up elsewhere cannot stall the test.
+        for (int wait = 0; paging.load() == 0 && wait < 100000; ++wait)
+            std::this_thread::yield();
         m_console->deactivate();
         QCoreApplication::processEvents();
         m_console->activate();

@@ -1,6 +1,7 @@
 #include "SceneDocument.h"
 
 #include "LargeStack.h"
+#include "SceneGraphSurvey.h"
 #include "SceneIncludes.h"
 #include "SceneTextCheck.h"
 
@@ -8,19 +9,14 @@
 #include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>
-#include <Inventor/misc/SoChildList.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
 #include <QSaveFile>
 
-#include <algorithm>
 #include <cstdlib>
-#include <utility>
-#include <vector>
 
 namespace {
 
@@ -84,35 +80,17 @@ SoSeparator* readFrom(SoInput& input, const QString& origin, QString* error, Sce
         *error = SceneDocument::tr("Cannot read \"%1\": it holds no scene.").arg(origin);
         return nullptr;
     }
-    return root;
-}
-
-// Levels of nesting from root to its deepest leaf. Walked without
-// recursion, and each shared node once, so that neither depth nor sharing
-// makes it costly.
-int nestingDepth(SoNode* root)
-{
-    QHash<SoNode*, int> depths;
-    std::vector<std::pair<SoNode*, int>> pending{{root, 0}};
-    while (!pending.empty()) {
-        SoNode* const node = pending.back().first;
-        SoChildList* const children = node->getChildren();
-        const int count = children ? children->getLength() : 0;
-        const int next = pending.back().second;
-        if (next < count) {
-            ++pending.back().second;
-            SoNode* const child = (*children)[next];
-            if (!depths.contains(child))
-                pending.emplace_back(child, 0);
-            continue;
-        }
-        int deepest = 0;
-        for (int i = 0; i < count; ++i)
-            deepest = std::max(deepest, depths.value((*children)[i]));
-        depths.insert(node, deepest + 1);
-        pending.pop_back();
+    // Coin makes `DEF A Separator { USE A }` a node that is its own child:
+    // drawn, searched or written, it recurses until the stack is gone.
+    const SceneGraphSurvey survey(root);
+    if (survey.cycle()) {
+        *error = SceneDocument::tr("Cannot read \"%1\": the scene contains itself: %2.")
+                     .arg(origin, survey.cycleText());
+        root->ref();
+        SceneGraphSurvey::dismantle(root);
+        return nullptr;
     }
-    return depths.value(root);
+    return root;
 }
 
 } // namespace
@@ -191,10 +169,17 @@ bool SceneDocument::write(SoSeparator* root, const QString& path, Format format,
         *error = tr("There is no scene to save.");
         return false;
     }
+    // Coin would write a scene that contains itself as one that reads
+    // back the same way, and this program could not open it again.
+    const SceneGraphSurvey survey(root);
+    if (survey.cycle()) {
+        *error = tr("Cannot save \"%1\": the scene contains itself: %2.").arg(path, survey.cycleText());
+        return false;
+    }
     QByteArray text;
     // Coin indents each line by its level: written as it is, a scene
     // 20,000 levels deep would take 400 MB of spaces.
-    const bool compact = nestingDepth(root) > kMaxIndentedDepth;
+    const bool compact = survey.depth() > kMaxIndentedDepth;
     // The write action recurses once per level of the scene.
     const bool written = LargeStack::run([root, compact, format, &text] {
         SoOutput output;

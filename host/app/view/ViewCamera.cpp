@@ -1,5 +1,7 @@
 #include "ViewCamera.h"
 
+#include "SceneGraphSurvey.h"
+
 #include <Inventor/Qt/viewers/SoQtExaminerViewer.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
@@ -14,6 +16,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/sensors/SoNodeSensor.h>
 
+#include <QLocale>
 #include <QSet>
 
 namespace {
@@ -90,7 +93,27 @@ SoNode* ViewCamera::frame(SoNode* shown, SoNode* root)
 {
     while (m_frame->getNumChildren() > 1)
         m_frame->removeChild(1);
-    standIn(firstCamera(root));
+    // Coin draws, picks and looks for the camera path by path: a scene of
+    // a few shared groups, or one that contains itself, would hold the
+    // window for minutes or overflow the stack at every redraw.
+    const SceneGraphSurvey survey(root);
+    m_leftOutReason.clear();
+    if (survey.cycle()) {
+        m_leftOutReason =
+            tr("The 3D view does not draw this scene: it contains itself (%1).").arg(survey.cycleText());
+    } else if (survey.traversalVisits() > kMaxVisits) {
+        const QLocale locale;
+        const QString visits =
+            survey.traversalVisits() == SceneGraphSurvey::kTooMany
+                ? tr("more nodes than can be counted")
+                : tr("%1 nodes").arg(locale.toString(qulonglong(survey.traversalVisits())));
+        m_leftOutReason = tr("The 3D view does not draw this scene: its shared parts make one picture "
+                             "of it visit %1, more than the %2 it draws.")
+                              .arg(visits, locale.toString(qulonglong(kMaxVisits)));
+    }
+    if (!m_leftOutReason.isEmpty())
+        shown = nullptr;
+    standIn(shown ? firstCamera(root) : nullptr);
     // The view looks through a camera of the scene's camera's kind.
     const SoType kind = m_sceneCamera ? m_sceneCamera->getTypeId() : SoPerspectiveCamera::getClassTypeId();
     if (m_frame->getChild(0)->getTypeId() != kind && kind.canCreateInstance()) {
@@ -112,6 +135,11 @@ void ViewCamera::reset()
         followSceneCamera();
     else
         m_viewer->viewAll();
+}
+
+QString ViewCamera::leftOutReason() const
+{
+    return m_leftOutReason;
 }
 
 SoCamera* ViewCamera::sceneCamera() const

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
+
+#include <cstdint>
 
 #include <memory>
 
@@ -30,9 +33,19 @@ public:
     explicit ViewCamera(SoQtExaminerViewer* viewer, QObject* parent = nullptr);
     ~ViewCamera() override;
 
+    // One picture of a scene visits a shared node once per path to it;
+    // past this many visits the view leaves the scene out. A picture of a
+    // million nodes takes about a second to draw and to pick in.
+    static constexpr std::uint64_t kMaxVisits = 1000000;
+
     // What the viewer is to show: the view's camera, then shown (the scene
-    // root and whatever the view draws beside it).
+    // root and whatever the view draws beside it), unless the scene under
+    // root is one the view leaves out (see leftOutReason()).
     SoNode* frame(SoNode* shown, SoNode* root);
+
+    // Why the scene given to frame() is not drawn, for the person; empty
+    // when it is.
+    QString leftOutReason() const;
 
     // The view where it starts: through the scene's camera when the scene
     // has one, otherwise the whole scene framed.
@@ -50,5 +63,6 @@ private:
     SoQtExaminerViewer* m_viewer;
     SoSeparator* m_frame;
     SoCamera* m_sceneCamera = nullptr;
+    QString m_leftOutReason;
     std::unique_ptr<SoNodeSensor> m_sensor;
 };

@@ -166,6 +166,11 @@ void KalHostWindow::buildCentre()
         m_viewer = new SoQtExaminerViewer(m_centre);
         m_viewer->setDecoration(TRUE);
         m_viewer->setBackgroundColor(SbColor(0.16f, 0.18f, 0.22f));
+        m_viewNote = new QLabel(m_centre);
+        m_viewNote->setObjectName(QStringLiteral("ViewNote"));
+        m_viewNote->setWordWrap(true);
+        m_viewNote->hide();
+        layout->addWidget(m_viewNote);
         layout->addWidget(m_viewer->getWidget());
     } else {
         auto* note = new QLabel(tr("The 3D view is off (no OpenGL display)."), m_centre);
@@ -274,8 +279,11 @@ void KalHostWindow::connectSession()
     connect(m_session, &SceneSession::replacing, this,
             [this] { m_tree->selectionModel()->clearSelection(); });
     connect(m_session, &SceneSession::arriving, this, [this](SoSeparator* root) {
-        if (m_viewer)
-            m_viewer->setSceneGraph(m_viewCamera->frame(m_picker->frame(root), root));
+        if (!m_viewer)
+            return;
+        m_viewer->setSceneGraph(m_viewCamera->frame(m_picker->frame(root), root));
+        m_viewNote->setText(m_viewCamera->leftOutReason());
+        m_viewNote->setVisible(!m_viewNote->text().isEmpty());
     });
     connect(m_session, &SceneSession::replaced, this, &KalHostWindow::sceneShown);
     connect(m_session, &SceneSession::opened, this, [this](const QString& path, qint64 milliseconds) {

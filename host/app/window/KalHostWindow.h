@@ -12,6 +12,7 @@ class HostStatusBar;
 class KalPlugin;
 class ProfilesMenu;
 class QDockWidget;
+class QLabel;
 class QMainWindow;
 class QMenu;
 class QTreeView;
@@ -118,6 +119,8 @@ private:
     QDockWidget* m_historyDock = nullptr;
     QUndoView* m_history = nullptr;
     QWidget* m_centre = nullptr;
+    // Says why the 3D view leaves a scene out, above the view.
+    QLabel* m_viewNote = nullptr;
     SelectionCaption* m_caption = nullptr;
     WindowLayout* m_layout = nullptr;
     HostStatusBar* m_status = nullptr;

@@ -7,7 +7,7 @@ TSAN_BUILD ?= build-tsan
 JOBS       ?= $(shell nproc)
 CMAKE_ARGS ?=
 
-.PHONY: all deps configure build test demo bench bench-check package sanitize test-sanitize tsan test-tsan monkey monkey-sanitize fuzz format clean
+.PHONY: all deps configure build test demo bench bench-check package sanitize test-sanitize tsan test-tsan monkey monkey-sanitize fuzz fuzz-scenes format clean
 
 all: build
 
@@ -119,6 +119,21 @@ fuzz:
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  $(FUZZ_BUILD)/bin/FieldTextFuzzer -max_total_time=$(FUZZ_SECONDS) -max_len=80000 -timeout=30 \
 	  -print_final_stats=1 -artifact_prefix=$(FUZZ_FINDS)/ $(FUZZ_BUILD)/corpus
+
+# The libFuzzer target of kalhost's scene opening (text and binary scenes,
+# the files they include, Save and Open again), the same way on a copy of
+# fuzz/corpus-scenes.
+fuzz-scenes:
+	@scripts/install-deps.sh fuzz
+	@CC=clang CXX=clang++ cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DKAL_FUZZ=ON \
+	  -DKAL_BUILD_BENCHMARKS=OFF >/dev/null
+	@cmake --build $(FUZZ_BUILD) -j $(JOBS) --target SceneOpenFuzzer
+	rm -rf $(FUZZ_BUILD)/corpus-scenes && mkdir -p $(FUZZ_BUILD)/corpus-scenes $(FUZZ_FINDS)
+	cp fuzz/corpus-scenes/* $(FUZZ_BUILD)/corpus-scenes/
+	QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0:abort_on_error=1 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  $(FUZZ_BUILD)/bin/SceneOpenFuzzer -max_total_time=$(FUZZ_SECONDS) -max_len=16384 -timeout=30 \
+	  -rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix=$(FUZZ_FINDS)/scene- $(FUZZ_BUILD)/corpus-scenes
 
 format:
 	@git ls-files '*.h' '*.cpp' | xargs clang-format -i

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages the build, the tests and the demo need
 # (with the argument "fuzz", also what `make fuzz` needs; with "bench", what
-# `make bench` needs).
+# `make bench` needs; with "package", what `make package` needs).
 # Idempotent: packages already present are not touched, so a second run is
 # quick and needs no network.
 set -euo pipefail
@@ -16,6 +16,10 @@ packages=(
 # `make fuzz` alone needs clang and its libFuzzer runtime; CI does not.
 if [ "${1:-}" = fuzz ]; then
     packages+=(clang libclang-rt-14-dev)
+fi
+# `make package` has lintian check the package it builds.
+if [ "${1:-}" = package ]; then
+    packages+=(lintian)
 fi
 # `make bench` checks its figures with a Python script (standard library only).
 if [ "${1:-}" = bench ]; then

@@ -46,6 +46,14 @@ QStringList defaultPluginPlaces()
                 programDir.filePath(QStringLiteral(KAL_INSTALLED_PLUGIN_DIR "/" KAL_DEFAULT_PLUGIN_NAME)))};
 }
 
+// Where the README, the copyright and the changelog are installed, found from
+// the program's own place as the plug-in is.
+QString installedDocumentation()
+{
+    const QDir programDir(QCoreApplication::applicationDirPath());
+    return QDir::cleanPath(programDir.filePath(QStringLiteral(KAL_INSTALLED_DOC_DIR)));
+}
+
 void nameApplication()
 {
     QCoreApplication::setApplicationName(QStringLiteral("kalhost"));
@@ -78,7 +86,7 @@ int main(int argc, char** argv)
             early.parser.isSet(QStringLiteral("help-all")) || early.parser.isSet(QStringLiteral("version"))) {
             QCoreApplication app(argc, argv);
             nameApplication();
-            CommandLine commandLine(defaultPluginPlaces());
+            CommandLine commandLine(defaultPluginPlaces(), installedDocumentation());
             commandLine.parser.process(arguments);
             return 0;
         }

@@ -5,6 +5,7 @@
 #include "HostWindowTesting.h"
 #include "TestFiles.h"
 #include <KalHostWindow.h>
+#include <SceneDocument.h>
 #include <SceneIncludes.h>
 #include <SceneModel.h>
 
@@ -43,6 +44,7 @@ private slots:
     void badIncludedFilesAreRefused_data();
     void badIncludedFilesAreRefused();
     void saveChecksIncludedFiles();
+    void binaryScenesIncludedFilesAreChecked();
     void includedFilesThatAreNotRegularAreRefused_data();
     void includedFilesThatAreNotRegularAreRefused();
     void scenesThatIncludeThemselvesAreRefused_data();
@@ -172,6 +174,30 @@ void tst_HostIncludes::saveChecksIncludedFiles()
     QVERIFY2(m_host->lastError().contains(QStringLiteral("included file %1").arg(included)),
              qPrintable(m_host->lastError()));
     QCOMPARE(readFile(path), good);
+}
+
+void tst_HostIncludes::binaryScenesIncludedFilesAreChecked()
+{
+    // A binary scene names its included files in its own layout; what they
+    // hold reaches Coin's reader as a text scene's would.
+    const QString included = m_dir->filePath(QStringLiteral("part.iv"));
+    writeFile(included, kInventor + "Cube {}\n");
+    const QString text = m_dir->filePath(QStringLiteral("scene.iv"));
+    writeFile(text, including("part.iv"));
+    QVERIFY2(m_host->openScene(text), qPrintable(m_host->lastError()));
+    const QString binary = m_dir->filePath(QStringLiteral("binary.iv"));
+    QVERIFY2(m_host->saveScene(binary, SceneDocument::Format::Binary), qPrintable(m_host->lastError()));
+    QVERIFY(readFile(binary).startsWith("#Inventor V2.1 binary"));
+    QVERIFY2(m_host->openScene(binary), qPrintable(m_host->lastError()));
+
+    writeFile(included, kInventor + "Switch { whichChild " + QByteArray(5000, '7') + " }\n");
+    m_host->openSample();
+    expectRefused(binary, QStringLiteral("included file %1").arg(included));
+    QVERIFY2(m_host->lastError().contains(QLatin1String("holds a number of more than 256 characters")),
+             qPrintable(m_host->lastError()));
+
+    writeFile(included, including("binary.iv"));
+    expectRefused(binary, QStringLiteral("includes itself"));
 }
 
 void tst_HostIncludes::includedFilesThatAreNotRegularAreRefused_data()

@@ -1,9 +1,12 @@
 // This build installed into a folder of its own, as `cmake --install` does
 // for a person: what lands where, that the installed files look for their
-// libraries only inside the installation, and that the installed kalhost
-// finds and loads the installed plug-in with no --plugin.
+// libraries only inside the installation, that the installed kalhost
+// finds and loads the installed plug-in with no --plugin, and what Debian
+// asks of a package besides its programs: copyright, changelog, manual
+// page, no development links.
 #include "RegistrationOrder.h"
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
@@ -36,6 +39,12 @@ Run runProgram(const QString& program, const QStringList& arguments, const QProc
     return run;
 }
 
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 // The environment of a person's shell: nothing that would point the
 // installed files at the build tree or move the installation elsewhere.
 QProcessEnvironment cleanEnvironment()
@@ -61,6 +70,13 @@ private slots:
     void extenderLibraryExportsNoTestInterface();
     void installedHostFindsThePluginByItself();
     void helpSaysWhereThePluginIsLookedFor();
+    void noDevelopmentLinks();
+    void copyrightIsInDebianFormat();
+    void compressedAsDebianAsks_data();
+    void compressedAsDebianAsks();
+    void changelogNamesThisVersion();
+    void manualPageNamesEveryOption();
+    void helpPointsAtTheInstalledDocumentation();
 
 private:
     QString installed(const QString& relative) const { return m_prefix.filePath(relative); }
@@ -69,6 +85,13 @@ private:
     static Run dynamicSection(const QString& file)
     {
         return runProgram(QStringLiteral("readelf"), {QStringLiteral("-d"), file}, cleanEnvironment());
+    }
+    QString docDir() const { return installed(QStringLiteral(KAL_INSTALL_DOCDIR)); }
+    // A gzip file's text, through gzip itself.
+    static QString unpacked(const QString& path)
+    {
+        const Run run = runProgram(QStringLiteral("gzip"), {QStringLiteral("-dc"), path}, cleanEnvironment());
+        return run.code == 0 ? run.out : QString();
     }
     QString pluginPath() const
     {
@@ -91,8 +114,10 @@ void tst_Installation::initTestCase()
 void tst_Installation::filesLandInTheStandardPlaces()
 {
     QVERIFY(QFileInfo(installed(QStringLiteral("bin/kalhost"))).isExecutable());
-    QVERIFY(QFileInfo::exists(libDir() + QStringLiteral("/libKalibraExtenderAPI.so")));
-    QVERIFY(QFileInfo::exists(libDir() + QStringLiteral("/libKalSceneGraphExt.so")));
+    QVERIFY(
+        QFileInfo::exists(libDir() + QStringLiteral("/libKalibraExtenderAPI.so.%1").arg(KAL_VERSION_MAJOR)));
+    QVERIFY(
+        QFileInfo::exists(libDir() + QStringLiteral("/libKalSceneGraphExt.so.%1").arg(KAL_VERSION_MAJOR)));
     QVERIFY(QFileInfo::exists(pluginPath()));
     QVERIFY(QFileInfo::exists(installed(QStringLiteral("share/applications/kalhost.desktop"))));
     QVERIFY(QFileInfo::exists(installed(QStringLiteral("share/icons/hicolor/scalable/apps/kalhost.svg"))));
@@ -111,9 +136,10 @@ void tst_Installation::runPathsStayInsideTheInstallation()
 {
     const QRegularExpression runPath(
         QStringLiteral("\\((?:RUNPATH|RPATH)\\)\\s+Library r(?:un)?path: \\[(.*)\\]"));
+    const QString major = QStringLiteral(".so.%1").arg(KAL_VERSION_MAJOR);
     const QStringList files = {installed(QStringLiteral("bin/kalhost")),
-                               libDir() + QStringLiteral("/libKalibraExtenderAPI.so"),
-                               libDir() + QStringLiteral("/libKalSceneGraphExt.so"), pluginPath()};
+                               libDir() + QStringLiteral("/libKalibraExtenderAPI") + major,
+                               libDir() + QStringLiteral("/libKalSceneGraphExt") + major, pluginPath()};
     for (const QString& file : files) {
         const Run run = dynamicSection(file);
         QVERIFY2(run.code == 0, qPrintable(run.err));
@@ -133,7 +159,7 @@ void tst_Installation::librariesCarryTheirMajorVersion()
     for (const char* name : {"libKalibraExtenderAPI.so", "libKalSceneGraphExt.so"}) {
         const QString versioned = QLatin1String(name) + QStringLiteral(".%1").arg(KAL_VERSION_MAJOR);
         QVERIFY2(QFileInfo::exists(libDir() + QLatin1Char('/') + versioned), qPrintable(versioned));
-        const Run run = dynamicSection(libDir() + QLatin1Char('/') + name);
+        const Run run = dynamicSection(libDir() + QLatin1Char('/') + versioned);
         QVERIFY2(run.code == 0, qPrintable(run.err));
         QCOMPARE(soname.match(run.out).captured(1), versioned);
     }
@@ -197,6 +223,86 @@ void tst_Installation::helpSaysWhereThePluginIsLookedFor()
     // wrapping.
     const QString help = run.out.simplified().remove(QLatin1Char(' '));
     QVERIFY2(help.contains(QFileInfo(pluginPath()).canonicalFilePath()), qPrintable(run.out));
+}
+
+void tst_Installation::noDevelopmentLinks()
+{
+    // No headers are installed, so a link for a linker to find would serve
+    // no one; the versioned names are what programs load.
+    const QStringList links = QDir(libDir()).entryList({QStringLiteral("*.so")}, QDir::Files | QDir::System);
+    QVERIFY2(links.isEmpty(), qPrintable(links.join(QLatin1Char(' '))));
+    QVERIFY(!QDir(libDir()).entryList({QStringLiteral("libKal*.so.*")}, QDir::Files).isEmpty());
+}
+
+void tst_Installation::copyrightIsInDebianFormat()
+{
+    const QString copyright = QString::fromUtf8(fileBytes(docDir() + QStringLiteral("/copyright")));
+    QVERIFY2(copyright.startsWith(QStringLiteral(
+                 "Format: https://www.debian.org/doc/packaging-manuals/copyright-format/1.0/\n")),
+             qPrintable(copyright));
+    for (const char* field :
+         {"\nUpstream-Name: KalDefaults\n", "\nFiles: *\n", "\nCopyright: ", "\nLicense: "})
+        QVERIFY2(copyright.contains(QLatin1String(field)), field);
+}
+
+void tst_Installation::compressedAsDebianAsks_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("changelog") << QStringLiteral(KAL_INSTALL_DOCDIR "/changelog.gz");
+    QTest::newRow("manual page") << QStringLiteral(KAL_INSTALL_MANDIR "/man1/kalhost.1.gz");
+}
+
+void tst_Installation::compressedAsDebianAsks()
+{
+    // gzip -9n: the best compression, and neither the file's name nor its
+    // time inside, so that two builds give the same bytes.
+    QFETCH(QString, file);
+    const QByteArray bytes = fileBytes(installed(file));
+    QVERIFY2(bytes.size() > 10, qPrintable(file));
+    QCOMPARE(bytes.left(3), QByteArray("\x1f\x8b\x08", 3));
+    const char flags = bytes.at(3);
+    QVERIFY2(!(flags & 0x08), "the original name is stored");
+    QCOMPARE(bytes.mid(4, 4), QByteArray(4, '\0'));
+    QCOMPARE(int(quint8(bytes.at(8))), 2); // the extra flag gzip sets for -9
+}
+
+void tst_Installation::changelogNamesThisVersion()
+{
+    const QString changelog = unpacked(installed(QStringLiteral(KAL_INSTALL_DOCDIR "/changelog.gz")));
+    QVERIFY2(changelog.startsWith(QStringLiteral("kaldefaults (" KAL_VERSION ") ")), qPrintable(changelog));
+    const QRegularExpression trailer(QStringLiteral("\n -- [^<\n]+ <[^>\n]+>  \\w{3}, \\d{1,2} \\w{3} \\d{4} "
+                                                    "\\d\\d:\\d\\d:\\d\\d [+-]\\d{4}\n"));
+    QVERIFY2(trailer.match(changelog).hasMatch(), qPrintable(changelog));
+}
+
+void tst_Installation::manualPageNamesEveryOption()
+{
+    const QString page = unpacked(installed(QStringLiteral(KAL_INSTALL_MANDIR "/man1/kalhost.1.gz")));
+    QVERIFY2(page.startsWith(QStringLiteral(".TH KALHOST 1 ")), qPrintable(page.left(200)));
+    const Run help =
+        runProgram(installed(QStringLiteral("bin/kalhost")), {QStringLiteral("--help")}, cleanEnvironment());
+    QCOMPARE(help.code, 0);
+    const QRegularExpression option(QStringLiteral("^  (?:-\\w, )?(--[\\w-]+)"),
+                                    QRegularExpression::MultilineOption);
+    int options = 0;
+    for (QRegularExpressionMatchIterator it = option.globalMatch(help.out); it.hasNext(); ++options) {
+        QString name = it.next().captured(1);
+        QVERIFY2(page.contains(name.replace(QLatin1Char('-'), QStringLiteral("\\-"))), qPrintable(name));
+    }
+    QVERIFY2(options >= 10, qPrintable(help.out));
+    // The page names the places of the package, never those of the build.
+    QVERIFY2(!page.contains(QStringLiteral(KAL_BUILD_DIR)), qPrintable(page));
+}
+
+void tst_Installation::helpPointsAtTheInstalledDocumentation()
+{
+    const Run run =
+        runProgram(installed(QStringLiteral("bin/kalhost")), {QStringLiteral("--help")}, cleanEnvironment());
+    QCOMPARE(run.code, 0);
+    const QString help = run.out.simplified().remove(QLatin1Char(' '));
+    const QString folder = QFileInfo(docDir()).canonicalFilePath();
+    QVERIFY2(help.contains(folder + QLatin1Char('/')), qPrintable(run.out));
+    QVERIFY(QFileInfo::exists(folder + QStringLiteral("/README.md")));
 }
 
 QTEST_MAIN(tst_Installation)

@@ -1,5 +1,6 @@
 #include "SceneIncludes.h"
 
+#include "SceneBinaryIncludes.h"
 #include "SceneTextCheck.h"
 
 #include <Inventor/SbString.h>
@@ -243,9 +244,9 @@ QStringList SceneIncludes::candidates(const QString& name, const QString& folder
 
 bool SceneIncludes::check(const QByteArray& text, const QString& folder, QStringList* chain, QString* error)
 {
-    if (SceneTextCheck::isBinary(text))
-        return true;
-    for (const QString& name : names(text)) {
+    const QStringList included =
+        SceneTextCheck::isBinary(text) ? SceneBinaryIncludes::names(text) : names(text);
+    for (const QString& name : included) {
         if (name.isEmpty())
             continue;
         for (const QString& path : candidates(name, folder)) {

@@ -24,9 +24,19 @@ QString pluginOptionHelp(const QStringList& places)
     return help;
 }
 
+QString applicationDescription(const QString& documentation)
+{
+    QString description = QStringLiteral(
+        "Kalibra stand-in host: opens a scene (the built-in sample when none is given), loads the "
+        "field-editing plug-in, and lets you select, edit, undo and save.");
+    if (!documentation.isEmpty())
+        description += QStringLiteral("\nThe manual, README.md, is in %1/.").arg(documentation);
+    return description;
+}
+
 } // namespace
 
-CommandLine::CommandLine(const QStringList& pluginPlaces)
+CommandLine::CommandLine(const QStringList& pluginPlaces, const QString& documentation)
     : plugin(QStringLiteral("plugin"), pluginOptionHelp(pluginPlaces), QStringLiteral("PATH"),
              defaultPluginPath(pluginPlaces))
     , profiles(QStringLiteral("profiles"), QStringLiteral("A JSON file of profiles (see the README)."),
@@ -45,9 +55,7 @@ CommandLine::CommandLine(const QStringList& pluginPlaces)
            QStringLiteral("Take the scripted demo tour, screenshots into DIR, then exit."),
            QStringLiteral("DIR"))
 {
-    parser.setApplicationDescription(QStringLiteral(
-        "Kalibra stand-in host: opens a scene (the built-in sample when none is given), loads the "
-        "field-editing plug-in, and lets you select, edit, undo and save."));
+    parser.setApplicationDescription(applicationDescription(documentation));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("scene"), QStringLiteral("The scene file to open (.iv)."),

@@ -9,8 +9,9 @@ struct CommandLine
 {
     // The places the plug-in is looked for in when --plugin is not given,
     // in turn; none before there is an application to ask where the
-    // program is.
-    explicit CommandLine(const QStringList& pluginPlaces);
+    // program is. The help names the folder of the installed documentation
+    // when one is given.
+    explicit CommandLine(const QStringList& pluginPlaces, const QString& documentation = QString());
 
     // Only the listing is wanted: nothing is shown.
     bool listsOnly() const;

@@ -65,6 +65,7 @@ private:
 
     Item* itemOf(const QModelIndex& index) const;
     Item* childOf(Item* parent, int row) const;
+    QVariant fieldData(Item* item, int column, int role) const;
     static void freeRows(std::unique_ptr<Item> top);
     static void sceneChanged(void* data, SoSensor* sensor);
     void refreshChangedValues();

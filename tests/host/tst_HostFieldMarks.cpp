@@ -99,6 +99,8 @@ void tst_HostFieldMarks::setFieldsStandOut()
     const QModelIndex name = cellOf(path, SceneModel::NameColumn);
     QVERIFY(name.isValid());
     QCOMPARE(name.data(Qt::FontRole).value<QFont>().bold(), set);
+    // The value beside it is left plain.
+    QVERIFY(!name.siblingAtColumn(SceneModel::ValueColumn).data(Qt::FontRole).value<QFont>().bold());
     QCOMPARE(name.data(Qt::FontRole).value<QFont>().italic(), false);
     QVERIFY(!name.data(Qt::ForegroundRole).isValid());
     QVERIFY2(name.data(Qt::ToolTipRole).toString().startsWith(tip),

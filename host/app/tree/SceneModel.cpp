@@ -256,8 +256,18 @@ QVariant SceneModel::data(const QModelIndex& index, int role) const
 QVariant SceneModel::fieldData(Item* item, int column, int role) const
 {
     switch (role) {
-    case Qt::FontRole:
-        return column == TypeColumn ? QVariant() : QVariant(FieldMarks::font(item->field, QFont()));
+    case Qt::FontRole: {
+        // The name stands out; the value only leans with an ignored field,
+        // so that values stay easy to read side by side.
+        if (column == NameColumn)
+            return FieldMarks::font(item->field, QFont());
+        if (column == ValueColumn && item->field->isIgnored()) {
+            QFont font;
+            font.setItalic(true);
+            return font;
+        }
+        return QVariant();
+    }
     case Qt::ForegroundRole:
         // An ignored field has no say in what is drawn: it is greyed.
         return item->field->isIgnored() ? QVariant(QColor(Qt::gray)) : QVariant();

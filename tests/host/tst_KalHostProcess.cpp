@@ -94,11 +94,11 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     const Run run = kalhost({QStringLiteral("--tour"), directory});
     QVERIFY2(run.code == 0, qPrintable(run.out + run.err));
     QVERIFY2(!run.out.contains(QLatin1String("FAILED")), qPrintable(run.out));
-    const char* const shots[] = {"01-float.png",         "02-enum.png",        "03-rotation.png",
-                                 "04-bitmask.png",       "05-colour.png",      "06-float-again.png",
-                                 "07-edited.png",        "08-undone.png",      "09-list-row-added.png",
-                                 "10-list-edited.png",   "11-list-undone.png", "12-colour-list.png",
-                                 "13-colour-undone.png", "14-vector-list.png", "15-filter.png"};
+    const char* const shots[] = {
+        "01-float.png",          "02-enum.png",        "03-rotation.png",    "04-bitmask.png",
+        "05-colour.png",         "06-float-again.png", "07-edited.png",      "08-undone.png",
+        "09-list-row-added.png", "10-list-edited.png", "11-list-undone.png", "12-colour-list.png",
+        "13-colour-undone.png",  "14-vector-list.png", "15-filter.png",      "16-driven-field.png"};
     for (const char* shot : shots) {
         const QString path = QDir(directory).filePath(QLatin1String(shot));
         QVERIFY2(run.out.contains(path), shot);

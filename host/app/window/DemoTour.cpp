@@ -219,6 +219,14 @@ void DemoTour::step()
         then(QStringLiteral("15-filter.png"),
              QStringLiteral("typed diffuseColor into the scene filter: the matching rows and their nodes"));
         return;
+    case 9:
+        // The label's translation, which an engine drives: the tree and
+        // the caption say where its value comes from.
+        m_ok = filterTree(QString()) && m_host->select(QStringLiteral("/5/1.translation")) && m_ok;
+        then(QStringLiteral("16-driven-field.png"),
+             QStringLiteral("selected the label's translation, driven by the engine Lift: the caption says "
+                            "edits are overwritten"));
+        return;
     default:
         emit finished(m_ok);
     }

@@ -94,11 +94,12 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     const Run run = kalhost({QStringLiteral("--tour"), directory});
     QVERIFY2(run.code == 0, qPrintable(run.out + run.err));
     QVERIFY2(!run.out.contains(QLatin1String("FAILED")), qPrintable(run.out));
-    const char* const shots[] = {"01-float.png",         "02-enum.png",        "03-rotation.png",
-                                 "04-bitmask.png",       "05-colour.png",      "06-float-again.png",
-                                 "07-edited.png",        "08-undone.png",      "09-list-row-added.png",
-                                 "10-list-edited.png",   "11-list-undone.png", "12-colour-list.png",
-                                 "13-colour-undone.png", "14-vector-list.png", "15-filter.png"};
+    const char* const shots[] = {"01-float.png",         "02-enum.png",           "03-rotation.png",
+                                 "04-bitmask.png",       "05-colour.png",         "06-float-again.png",
+                                 "07-edited.png",        "08-undone.png",         "09-list-row-added.png",
+                                 "10-list-edited.png",   "11-list-undone.png",    "12-colour-list.png",
+                                 "13-colour-undone.png", "14-vector-list.png",    "15-filter.png",
+                                 "16-driven-field.png",  "17-vertex-property.png"};
     for (const char* shot : shots) {
         const QString path = QDir(directory).filePath(QLatin1String(shot));
         QVERIFY2(run.out.contains(path), shot);
@@ -122,9 +123,9 @@ void tst_KalHostProcess::demoTourTakesItsScreenshots()
     QVERIFY(colourUndone != vectors);
     // A vertex held in a shape's VertexProperty, edited in the same list.
     QVERIFY2(run.out.contains(QStringLiteral("typed -0.6 into y of row 3")), qPrintable(run.out));
-    const QImage vertexEdited(QDir(directory).filePath(QStringLiteral("16-vertex-property.png")));
+    const QImage vertexEdited(QDir(directory).filePath(QStringLiteral("17-vertex-property.png")));
     QVERIFY(vertexEdited.width() > 600);
-    QVERIFY(QImage(QDir(directory).filePath(QStringLiteral("15-filter.png"))) != vertexEdited);
+    QVERIFY(QImage(QDir(directory).filePath(QStringLiteral("16-driven-field.png"))) != vertexEdited);
     // The colour's undo names the row and both values: the gold comes back.
     QVERIFY2(run.out.contains(QStringLiteral("Edit > Undo Set row 1 of Gold.diffuseColor: 0.85 0.6 0.15 ")),
              qPrintable(run.out));

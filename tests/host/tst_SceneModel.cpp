@@ -183,7 +183,9 @@ void tst_SceneModel::valueTextsFollowTheFields()
     sampler->opacity.setValue(0.5f);
     QCOMPARE(fieldChanged.count(), 2);
     QTRY_COMPARE(changed.count(), 1);
-    QCOMPARE(changed.first().at(0).toModelIndex(), value);
+    // The whole row: its name's mark follows the field too.
+    QCOMPARE(changed.first().at(0).toModelIndex(), value.siblingAtColumn(SceneModel::NameColumn));
+    QCOMPARE(changed.first().at(1).toModelIndex(), value);
     QCOMPARE(model.data(value).toString(), QStringLiteral("0.5"));
 }
 

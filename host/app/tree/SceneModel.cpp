@@ -1,5 +1,6 @@
 #include "SceneModel.h"
 
+#include "FieldMarks.h"
 #include "LargeStack.h"
 #include "RoundTripText.h"
 #include "SceneRows.h"
@@ -11,6 +12,7 @@
 #include <Inventor/nodes/SoNode.h>
 #include <Inventor/sensors/SoNodeSensor.h>
 
+#include <QColor>
 #include <QFont>
 
 #include <utility>
@@ -304,37 +306,67 @@ QVariant SceneModel::data(const QModelIndex& index, int role) const
         return QVariant();
     if (!item->node && !item->field)
         return role == Qt::DisplayRole && index.column() == NameColumn ? QStringLiteral("NULL") : QVariant();
-    if (role == Qt::FontRole && item->node && index.column() == NameColumn) {
+    if (item->field)
+        return fieldData(item, index.column(), role);
+    if (role == Qt::FontRole && index.column() == NameColumn) {
         QFont font;
         font.setBold(true);
         return font;
     }
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole)
         return QVariant();
-    if (item->node) {
-        const QString type = QString::fromLatin1(item->node->getTypeId().getName().getString());
-        const QString name = QString::fromUtf8(item->node->getName().getString());
-        switch (index.column()) {
-        case NameColumn:
-            return name.isEmpty() ? type : name;
-        case TypeColumn:
-            return type;
-        default:
-            return QVariant();
-        }
-    }
     switch (index.column()) {
+    case NameColumn:
+        return FieldMarks::displayName(item->node);
+    case TypeColumn:
+        return FieldMarks::typeName(item->node);
+    default:
+        return QVariant();
+    }
+}
+
+QVariant SceneModel::fieldData(Item* item, int column, int role) const
+{
+    switch (role) {
+    case Qt::FontRole: {
+        // The name stands out; the value only leans with an ignored field,
+        // so that values stay easy to read side by side.
+        if (column == NameColumn)
+            return FieldMarks::font(item->field, QFont());
+        if (column == ValueColumn && item->field->isIgnored()) {
+            QFont font;
+            font.setItalic(true);
+            return font;
+        }
+        return QVariant();
+    }
+    case Qt::ForegroundRole:
+        // An ignored field has no say in what is drawn: it is greyed.
+        return item->field->isIgnored() ? QVariant(QColor(Qt::gray)) : QVariant();
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        break;
+    default:
+        return QVariant();
+    }
+    switch (column) {
     case NameColumn: {
+        if (role == Qt::ToolTipRole)
+            return FieldMarks::stateText(item->field);
         SbName name;
         item->parent->node->getFieldName(item->field, name);
         return QString::fromLatin1(name.getString());
     }
     case TypeColumn:
         return QString::fromLatin1(item->field->getTypeId().getName().getString());
-    default:
+    default: {
         // The tooltip shows what the cell cuts, up to a size a tooltip can
-        // hold.
-        return valueText(item->field, role == Qt::ToolTipRole ? kMaxToolTipLength : kMaxTextLength);
+        // hold. A driven field says first where its value comes from.
+        const QString value =
+            valueText(item->field, role == Qt::ToolTipRole ? kMaxToolTipLength : kMaxTextLength);
+        const QString source = FieldMarks::sourceMark(item->field);
+        return source.isEmpty() ? value : source + QStringLiteral(": ") + value;
+    }
     }
 }
 
@@ -383,8 +415,10 @@ void SceneModel::refreshChangedValues()
         for (Item* item : m_fieldRows.values(field)) {
             if (SceneRows::holdsNodes(field))
                 refreshHeldRows(item);
-            const QModelIndex value = createIndex(item->row, ValueColumn, item);
-            emit dataChanged(value, value, {Qt::DisplayRole, Qt::ToolTipRole});
+            // The whole row: the name's mark follows the field's state too.
+            emit dataChanged(createIndex(item->row, NameColumn, item),
+                             createIndex(item->row, ValueColumn, item),
+                             {Qt::DisplayRole, Qt::ToolTipRole, Qt::FontRole, Qt::ForegroundRole});
         }
     }
 }

@@ -68,6 +68,7 @@ private:
 
     Item* itemOf(const QModelIndex& index) const;
     Item* childOf(Item* parent, int row) const;
+    QVariant fieldData(Item* item, int column, int role) const;
     void freeRows(std::unique_ptr<Item> top);
     void refreshHeldRows(Item* item);
     void refreshValuesBelow(Item* top);

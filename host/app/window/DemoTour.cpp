@@ -228,6 +228,14 @@ void DemoTour::step()
              QStringLiteral("typed diffuseColor into the scene filter: the matching rows and their nodes"));
         return;
     case 9:
+        // The label's translation, which an engine drives: the tree and
+        // the caption say where its value comes from.
+        m_ok = filterTree(QString()) && m_host->select(QStringLiteral("/5/1.translation")) && m_ok;
+        then(QStringLiteral("16-driven-field.png"),
+             QStringLiteral("selected the label's translation, driven by the engine Lift: the caption says "
+                            "edits are overwritten"));
+        return;
+    case 10:
         // A vertex held in a shape's field, edited in the same vector list.
         m_ok = m_host->select(QStringLiteral("PlinthVertices.vertex")) &&
                typeIntoListCell(2, 1, QStringLiteral("-0.6")) && m_ok;
@@ -235,7 +243,7 @@ void DemoTour::step()
         // runs.
         QCoreApplication::processEvents();
         m_ok = plinthCornerRaised() && m_ok;
-        then(QStringLiteral("16-vertex-property.png"),
+        then(QStringLiteral("17-vertex-property.png"),
              QStringLiteral(
                  "selected PlinthVertices.vertex, the VertexProperty under PlinthFaces.vertexProperty "
                  "(MFVec3f), typed -0.6 into y of row 3: a raised plinth corner"));

@@ -9,8 +9,9 @@ class KalHostWindow;
 // The scripted walk `make demo` takes when there is no person at a display:
 // select fields of several types, change one through its editor, undo it
 // from the Edit menu, add a row to a list and type into it, undo those, edit
-// the scene's colour list and undo that, edit its coordinate list and a
-// vertex held in a shape's VertexProperty, and take a screenshot after each
+// the scene's colour list and undo that, edit its coordinate list, filter
+// the tree, show a field an engine drives, edit a vertex held in a shape's
+// VertexProperty, and take a screenshot after each
 // step.
 class DemoTour : public QObject
 {

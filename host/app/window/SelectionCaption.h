@@ -4,6 +4,7 @@
 #include <QModelIndex>
 #include <QString>
 
+class NodeSummary;
 class QDockWidget;
 
 // Says which node and field the editors below it are editing. It sits at the
@@ -17,8 +18,10 @@ class SelectionCaption : public QLabel
 public:
     explicit SelectionCaption(QWidget* parent = nullptr);
 
-    // The dock the caption lives in, made on first call ("SelectionDock").
+    // The dock the caption lives in, made on first call ("SelectionDock"),
+    // with the summary of a selected node under the caption.
     QDockWidget* dock();
+    NodeSummary* nodeSummary() const;
 
     // A row of the scene tree (invalid: nothing selected), a field's row or
     // a node's.
@@ -33,5 +36,6 @@ public:
 
 private:
     QDockWidget* m_dock = nullptr;
+    NodeSummary* m_summary;
     QString m_plain;
 };

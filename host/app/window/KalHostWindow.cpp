@@ -331,6 +331,19 @@ bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
             if (m_viewer)
                 m_viewCamera->reset();
         });
+        m_viewDrawn = false;
+    }
+    if (watched == m_window && event->type() == QEvent::Paint && m_viewer && !m_viewDrawn) {
+        // SoQt's GL area is exposed while it still has the size it was made
+        // with, and until something draws it straight away (a drag, a
+        // resize) its own redraws leave it black on an X server without a
+        // compositor. The window's first paint comes once the window is laid
+        // out at its real size: the view draws its first frame right after.
+        m_viewDrawn = true;
+        QTimer::singleShot(0, this, [this] {
+            if (m_viewer && m_viewer->getGLWidget()->isVisible())
+                m_viewer->render();
+        });
     }
     if (watched == m_window && event->type() == QEvent::Close) {
         if (!m_session->mayDiscard()) {

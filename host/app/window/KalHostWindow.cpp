@@ -48,7 +48,7 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     m_window->setDockOptions(m_window->dockOptions() | QMainWindow::AllowTabbedDocks);
     buildCentre();
     buildDocks();
-    m_layout = new WindowLayout(m_window, {m_treeDock, m_historyDock}, m_caption->dock(), this);
+    m_layout = new WindowLayout(m_window, m_treeDock, m_caption->dock(), m_historyDock, this);
     m_status = new HostStatusBar(m_window, this);
     buildMenus();
     if (m_viewer) {
@@ -188,14 +188,17 @@ void KalHostWindow::buildDocks()
     // Values are cut in the middle, where a long list or path says least;
     // the tooltip holds the whole value.
     m_tree->setTextElideMode(Qt::ElideMiddle);
-    m_tree->setColumnWidth(SceneModel::NameColumn, 200);
-    m_tree->setColumnWidth(SceneModel::TypeColumn, 130);
+    // Names and types are never cut: their columns follow what they show.
+    // Only the rows in sight are measured (rows are made lazily), and a
+    // horizontal scroll bar takes over when the column is too narrow.
+    m_tree->header()->setSectionResizeMode(SceneModel::NameColumn, QHeaderView::ResizeToContents);
+    m_tree->header()->setSectionResizeMode(SceneModel::TypeColumn, QHeaderView::ResizeToContents);
+    m_tree->header()->setMinimumSectionSize(60);
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &KalHostWindow::currentRowChanged);
     m_treeDock = new QDockWidget(tr("Scene"));
     m_treeDock->setObjectName(QStringLiteral("SceneTreeDock"));
     m_treeDock->setWidget(new SceneFilterBox(m_tree, m_model));
-    m_window->addDockWidget(Qt::LeftDockWidgetArea, m_treeDock);
 
     m_history = new QUndoView(KalServices::getInstance()->undoStack());
     m_history->setObjectName(QStringLiteral("HistoryView"));
@@ -203,15 +206,15 @@ void KalHostWindow::buildDocks()
     m_historyDock = new QDockWidget(tr("History"));
     m_historyDock->setObjectName(QStringLiteral("HistoryDock"));
     m_historyDock->setWidget(m_history);
-    m_window->addDockWidget(Qt::LeftDockWidgetArea, m_historyDock);
-    // Room for names, types and a glance at the values.
-    m_window->resizeDocks({m_treeDock}, {WindowLayout::kLeftWidth}, Qt::Horizontal);
-    m_window->resizeDocks({m_treeDock, m_historyDock}, {560, 160}, Qt::Vertical);
 
-    // The right column opens with the caption, before the plug-ins put
-    // their editor docks under it.
+    // One column beside the 3D view, as an inspector has it: the tree on
+    // top, the caption under it and the plug-ins' editor docks under that.
+    // The history goes to the strip below the view, where the console joins
+    // it.
     m_caption = new SelectionCaption;
+    m_window->addDockWidget(Qt::RightDockWidgetArea, m_treeDock);
     m_window->addDockWidget(Qt::RightDockWidgetArea, m_caption->dock());
+    m_window->addDockWidget(Qt::BottomDockWidgetArea, m_historyDock);
 }
 
 void KalHostWindow::buildMenus()

@@ -8,6 +8,7 @@
 #include "ScenePath.h"
 #include "SelectionCaption.h"
 #include "TreeSelection.h"
+#include "TreeSight.h"
 #include "ViewCamera.h"
 #include "ViewPicker.h"
 #include "WindowLayout.h"
@@ -188,12 +189,10 @@ void KalHostWindow::buildDocks()
     // Values are cut in the middle, where a long list or path says least;
     // the tooltip holds the whole value.
     m_tree->setTextElideMode(Qt::ElideMiddle);
-    // Names and types are never cut: their columns follow what they show.
-    // Only the rows in sight are measured (rows are made lazily), and a
-    // horizontal scroll bar takes over when the column is too narrow.
-    m_tree->header()->setSectionResizeMode(SceneModel::NameColumn, QHeaderView::ResizeToContents);
-    m_tree->header()->setSectionResizeMode(SceneModel::TypeColumn, QHeaderView::ResizeToContents);
-    m_tree->header()->setMinimumSectionSize(60);
+    m_tree->setColumnWidth(SceneModel::NameColumn, 200);
+    m_tree->setColumnWidth(SceneModel::TypeColumn, 130);
+    // Names and types are never cut; see TreeSight.
+    new TreeSight(m_tree, {SceneModel::NameColumn, SceneModel::TypeColumn});
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &KalHostWindow::currentRowChanged);
     m_treeDock = new QDockWidget(tr("Scene"));

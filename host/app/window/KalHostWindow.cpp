@@ -8,6 +8,7 @@
 #include "ScenePath.h"
 #include "SelectionCaption.h"
 #include "TreeSelection.h"
+#include "TreeSight.h"
 #include "ViewCamera.h"
 #include "ViewPicker.h"
 #include "WindowLayout.h"
@@ -48,7 +49,7 @@ KalHostWindow::KalHostWindow(const Options& options, QObject* parent)
     m_window->setDockOptions(m_window->dockOptions() | QMainWindow::AllowTabbedDocks);
     buildCentre();
     buildDocks();
-    m_layout = new WindowLayout(m_window, {m_treeDock, m_historyDock}, m_caption->dock(), this);
+    m_layout = new WindowLayout(m_window, m_treeDock, m_caption->dock(), m_historyDock, this);
     m_status = new HostStatusBar(m_window, this);
     buildMenus();
     if (m_viewer) {
@@ -195,12 +196,13 @@ void KalHostWindow::buildDocks()
     m_tree->setTextElideMode(Qt::ElideMiddle);
     m_tree->setColumnWidth(SceneModel::NameColumn, 200);
     m_tree->setColumnWidth(SceneModel::TypeColumn, 130);
+    // Names and types are never cut; see TreeSight.
+    new TreeSight(m_tree, {SceneModel::NameColumn, SceneModel::TypeColumn});
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &KalHostWindow::currentRowChanged);
     m_treeDock = new QDockWidget(tr("Scene"));
     m_treeDock->setObjectName(QStringLiteral("SceneTreeDock"));
     m_treeDock->setWidget(new SceneFilterBox(m_tree, m_model));
-    m_window->addDockWidget(Qt::LeftDockWidgetArea, m_treeDock);
 
     m_history = new QUndoView(KalServices::getInstance()->undoStack());
     m_history->setObjectName(QStringLiteral("HistoryView"));
@@ -208,15 +210,15 @@ void KalHostWindow::buildDocks()
     m_historyDock = new QDockWidget(tr("History"));
     m_historyDock->setObjectName(QStringLiteral("HistoryDock"));
     m_historyDock->setWidget(m_history);
-    m_window->addDockWidget(Qt::LeftDockWidgetArea, m_historyDock);
-    // Room for names, types and a glance at the values.
-    m_window->resizeDocks({m_treeDock}, {WindowLayout::kLeftWidth}, Qt::Horizontal);
-    m_window->resizeDocks({m_treeDock, m_historyDock}, {560, 160}, Qt::Vertical);
 
-    // The right column opens with the caption, before the plug-ins put
-    // their editor docks under it.
+    // One column beside the 3D view, as an inspector has it: the tree on
+    // top, the caption under it and the plug-ins' editor docks under that.
+    // The history goes to the strip below the view, where the console joins
+    // it.
     m_caption = new SelectionCaption;
+    m_window->addDockWidget(Qt::RightDockWidgetArea, m_treeDock);
     m_window->addDockWidget(Qt::RightDockWidgetArea, m_caption->dock());
+    m_window->addDockWidget(Qt::BottomDockWidgetArea, m_historyDock);
 }
 
 void KalHostWindow::buildMenus()
@@ -338,6 +340,19 @@ bool KalHostWindow::eventFilter(QObject* watched, QEvent* event)
         QTimer::singleShot(0, this, [this] {
             if (m_viewer)
                 m_viewCamera->reset();
+        });
+        m_viewDrawn = false;
+    }
+    if (watched == m_window && event->type() == QEvent::Paint && m_viewer && !m_viewDrawn) {
+        // SoQt's GL area is exposed while it still has the size it was made
+        // with, and until something draws it straight away (a drag, a
+        // resize) its own redraws leave it black on an X server without a
+        // compositor. The window's first paint comes once the window is laid
+        // out at its real size: the view draws its first frame right after.
+        m_viewDrawn = true;
+        QTimer::singleShot(0, this, [this] {
+            if (m_viewer && m_viewer->getGLWidget()->isVisible())
+                m_viewer->render();
         });
     }
     if (watched == m_window && event->type() == QEvent::Close) {

@@ -127,6 +127,8 @@ private:
     SoQtExaminerViewer* m_viewer = nullptr;
     ViewPicker* m_picker = nullptr;
     ViewCamera* m_viewCamera = nullptr;
+    // Whether the view has drawn since the window was last shown.
+    bool m_viewDrawn = false;
     QList<QMenu*> m_menus;
     RecentFilesMenu* m_recent = nullptr;
     ProfilesMenu* m_profiles = nullptr;

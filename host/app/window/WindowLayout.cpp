@@ -26,11 +26,13 @@ QScreen* screenOf(QMainWindow* window)
 }
 } // namespace
 
-WindowLayout::WindowLayout(QMainWindow* window, QList<QDockWidget*> left, QDockWidget* right, QObject* parent)
+WindowLayout::WindowLayout(QMainWindow* window, QDockWidget* tree, QDockWidget* caption, QDockWidget* history,
+                           QObject* parent)
     : QObject(parent)
     , m_window(window)
-    , m_left(std::move(left))
-    , m_right(right)
+    , m_tree(tree)
+    , m_caption(caption)
+    , m_history(history)
 {}
 
 void WindowLayout::fitToScreen()
@@ -56,7 +58,7 @@ QList<QWidget*> WindowLayout::pluginBars() const
 {
     QList<QWidget*> bars;
     for (QDockWidget* dock : m_window->findChildren<QDockWidget*>()) {
-        if (dock->parentWidget() == m_window && dock != m_right && !m_left.contains(dock))
+        if (dock->parentWidget() == m_window && dock != m_tree && dock != m_caption && dock != m_history)
             bars << dock;
     }
     for (QToolBar* bar : m_window->findChildren<QToolBar*>()) {
@@ -86,16 +88,14 @@ void WindowLayout::arrange()
     m_defaultState = m_window->saveState(kStateVersion);
 }
 
+int WindowLayout::columnWidth(int windowWidth) const
+{
+    return std::min(std::max(kColumnWidth, m_editorWidth + kDockAllowance), windowWidth / 2);
+}
+
 void WindowLayout::applySizes()
 {
-    // The right column takes the widest editor whole, up to half the window;
-    // the left column gives way first on narrow screens, down to what
-    // still shows the tree's names.
-    const int width = m_window->width();
-    const int right = std::min(
-        std::max(std::min(kRightWidth, width * 34 / 100), m_editorWidth + kDockAllowance), width / 2);
-    const int left = std::max(kMinLeftWidth, std::min(kLeftWidth, width - right - kMinViewWidth));
-
+    const int column = columnWidth(m_window->width());
     QList<QDockWidget*> rightColumn;
     QList<QDockWidget*> bottom;
     for (QDockWidget* dock : m_window->findChildren<QDockWidget*>()) {
@@ -106,15 +106,26 @@ void WindowLayout::applySizes()
         else if (m_window->dockWidgetArea(dock) == Qt::BottomDockWidgetArea)
             bottom << dock;
     }
-    if (!m_left.isEmpty())
-        m_window->resizeDocks({m_left.first()}, {left}, Qt::Horizontal);
     if (!rightColumn.isEmpty())
-        m_window->resizeDocks(rightColumn, QVector<int>(rightColumn.size(), right).toList(), Qt::Horizontal);
+        m_window->resizeDocks(rightColumn, QVector<int>(rightColumn.size(), column).toList(), Qt::Horizontal);
     if (!bottom.isEmpty()) {
         int height = kConsoleHeight;
         for (QDockWidget* dock : bottom)
             height = std::max(height, dock->minimumSizeHint().height());
         m_window->resizeDocks(bottom, QVector<int>(bottom.size(), height).toList(), Qt::Vertical);
+    }
+    if (m_history && bottom.contains(m_history) && bottom.size() > 1) {
+        // The history's entries are short; the console's lines are long.
+        QVector<int> widths;
+        const int rest = (m_window->width() - kHistoryWidth) / (bottom.size() - 1);
+        for (QDockWidget* dock : bottom)
+            widths << (dock == m_history ? kHistoryWidth : rest);
+        m_window->resizeDocks(bottom, widths.toList(), Qt::Horizontal);
+    }
+    if (m_tree && m_caption && rightColumn.contains(m_tree)) {
+        const int height = m_tree->height() + m_caption->height();
+        const int tree = height * kTreeSharePercent / 100;
+        m_window->resizeDocks({m_tree, m_caption}, {tree, height - tree}, Qt::Vertical);
     }
 }
 
@@ -153,10 +164,10 @@ void WindowLayout::reset()
     const QHash<QWidget*, bool> shown = pluginVisibility();
     if (!m_defaultState.isEmpty())
         m_window->restoreState(m_defaultState, kStateVersion);
-    for (QDockWidget* dock : m_left)
-        dock->show();
-    if (m_right)
-        m_right->show();
+    for (QDockWidget* dock : {m_tree, m_caption, m_history}) {
+        if (dock)
+            dock->show();
+    }
     setVisibility(shown);
     fitToScreen();
     applySizes();

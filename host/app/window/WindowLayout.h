@@ -8,18 +8,19 @@
 class QDockWidget;
 class QMainWindow;
 
-// Where the window's docks go and how big the window is: the host's docks on
-// the left, a right column of stable width that the editor docks share with
-// the selection caption (so that showing or hiding an editor never resizes
-// the 3D view), the console in a strip below. The window fits the screen it
-// opens on; its shape is saved between runs and can be reset.
+// Where the window's docks go and how big the window is: one column beside
+// the 3D view holds the scene tree, the selection caption and the editor
+// docks, at a stable width (so that showing or hiding an editor never
+// resizes the view) that leaves the view at least half the window; the
+// history and the console share a strip below. The window fits the screen
+// it opens on; its shape is saved between runs and can be reset.
 class WindowLayout : public QObject
 {
     Q_OBJECT
     Q_DISABLE_COPY(WindowLayout)
 
 public:
-    WindowLayout(QMainWindow* window, QList<QDockWidget*> left, QDockWidget* right,
+    WindowLayout(QMainWindow* window, QDockWidget* tree, QDockWidget* caption, QDockWidget* history,
                  QObject* parent = nullptr);
 
     // The size the window opens with, within the available area of its
@@ -40,16 +41,22 @@ public:
     // push the column into the 3D view.
     void noteEditorWidth(int width);
 
-    static constexpr int kStateVersion = 1;
-    // The widths the columns get on a screen wide enough for them.
-    static constexpr int kLeftWidth = 440;
-    static constexpr int kRightWidth = 460;
+    // States saved while the tree had a column of its own, left of the
+    // view, are not restored.
+    static constexpr int kStateVersion = 2;
+    // The column's width on a screen wide enough for it.
+    static constexpr int kColumnWidth = 460;
+    // The tree's share of the column's height, in percent.
+    static constexpr int kTreeSharePercent = 55;
     static constexpr int kConsoleHeight = 150;
-    static constexpr int kMinLeftWidth = 200;
-    static constexpr int kMinViewWidth = 320;
+    static constexpr int kHistoryWidth = 320;
     static constexpr int kScreenSharePercent = 80;
 
 private:
+    // The column's width for a window this wide, once the widest editor is
+    // known: no narrower than that editor, no wider than half the window.
+    int columnWidth(int windowWidth) const;
+
     QList<QWidget*> pluginBars() const;
     // The plug-ins' docks and toolbars, shown or not, to be put back after
     // a saved or default state has had its say.
@@ -58,8 +65,9 @@ private:
     void applySizes();
 
     QMainWindow* m_window;
-    QList<QDockWidget*> m_left;
-    QDockWidget* m_right;
+    QDockWidget* m_tree;
+    QDockWidget* m_caption;
+    QDockWidget* m_history;
     QByteArray m_defaultState;
     int m_editorWidth = 0;
 };

@@ -1,6 +1,6 @@
 #pragma once
-// What the console tests read back: the console's paragraphs with the
-// colour each was written in.
+// What the console tests read back: the console's lines with the colour
+// each was written in.
 #include <QColor>
 #include <QList>
 #include <QStringList>
@@ -45,14 +45,31 @@ struct Line
     QColor colour;
 };
 
+// A paragraph may hold several lines, broken by line separators; each line
+// has the colour of its first character (an empty one, of what follows it).
 inline QList<Line> lines(QTextEdit* edit)
 {
     QList<Line> result;
     for (QTextBlock block = edit->document()->begin(); block.isValid(); block = block.next()) {
-        QColor colour = block.charFormat().foreground().color();
-        if (block.begin() != block.end())
-            colour = block.begin().fragment().charFormat().foreground().color();
-        result << Line{block.text(), colour};
+        Line line{QString(), block.charFormat().foreground().color()};
+        bool coloured = false;
+        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+            const QColor colour = it.fragment().charFormat().foreground().color();
+            for (const QChar c : it.fragment().text()) {
+                if (!coloured) {
+                    line.colour = colour;
+                    coloured = true;
+                }
+                if (c == QChar::LineSeparator) {
+                    result << line;
+                    line = Line{QString(), colour};
+                    coloured = false;
+                } else {
+                    line.text += c;
+                }
+            }
+        }
+        result << line;
     }
     // An untouched document has one empty paragraph that nobody wrote.
     if (result.size() == 1 && result.first().text.isEmpty() && edit->document()->isEmpty())

@@ -12,6 +12,34 @@
 
 const char* const ConsoleDocument::kMaxLinesPreference = "KALIBRA_CONSOLE_MAX_LINES";
 
+namespace {
+
+// A shared paragraph is laid out again whole when a line joins it, so it
+// stays short; and the lines dropped at once past the limit are whole
+// paragraphs, so a paragraph holds no more than a small part of the limit.
+constexpr int kMostLinesPerParagraph = 64;
+constexpr int kLimitPartPerParagraph = 1024;
+
+// A line that QTextEdit::append would show as one plain paragraph: no breaks
+// of its own, nothing append would read as markup.
+bool isPlainLine(const QString& text)
+{
+    for (const QChar c : text) {
+        const char16_t u = c.unicode();
+        if (u == u'\n' || u == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator ||
+            u == 0xfdd0 || u == 0xfdd1)
+            return false;
+    }
+    return !Qt::mightBeRichText(text);
+}
+
+int linesIn(const QTextBlock& block)
+{
+    return std::max(1, block.userState());
+}
+
+} // namespace
+
 int ConsoleDocument::maxLinesPreference()
 {
     return SoPreferences::getInt(kMaxLinesPreference, kDefaultMaxLines, 1);
@@ -20,6 +48,7 @@ int ConsoleDocument::maxLinesPreference()
 ConsoleDocument::ConsoleDocument(QTextEdit* edit, int maxLines)
     : m_edit(edit)
     , m_maxLines(std::max(1, maxLines))
+    , m_linesPerParagraph(std::clamp(m_maxLines / kLimitPartPerParagraph, 1, kMostLinesPerParagraph))
 {
     // Nobody undoes what a read-only console shows, and the undo history
     // kept a copy of every line.
@@ -29,9 +58,32 @@ ConsoleDocument::ConsoleDocument(QTextEdit* edit, int maxLines)
 void ConsoleDocument::append(const QColor& colour, const QString& text)
 {
     m_edit->setTextColor(colour);
+    if (joinsLastParagraph(colour, text)) {
+        QTextCursor end(m_edit->document());
+        end.movePosition(QTextCursor::End);
+        end.insertText(QString(QChar::LineSeparator) + text, m_edit->currentCharFormat());
+        QTextBlock last = m_edit->document()->lastBlock();
+        last.setUserState(last.userState() + 1);
+        ++m_sharedLines;
+        return;
+    }
     m_edit->append(text);
+    // Lines from the UI thread keep a paragraph each: a line joining a
+    // paragraph lays all of it out again, which a batch pays once and a
+    // single line every time.
+    m_lastShared = m_batchDepth > 0 && m_linesPerParagraph > 1 && isPlainLine(text);
+    if (m_lastShared) {
+        m_edit->document()->lastBlock().setUserState(1);
+        m_lastColour = colour;
+    }
     if (m_batchDepth == 0)
         trim();
+}
+
+bool ConsoleDocument::joinsLastParagraph(const QColor& colour, const QString& text) const
+{
+    return m_batchDepth > 0 && m_lastShared && colour == m_lastColour &&
+           linesIn(m_edit->document()->lastBlock()) < m_linesPerParagraph && isPlainLine(text);
 }
 
 void ConsoleDocument::beginBatch()
@@ -79,6 +131,8 @@ void ConsoleDocument::clear()
     m_dropped = 0;
     m_hasNote = false;
     m_noteDue = false;
+    m_sharedLines = 0;
+    m_lastShared = false;
 }
 
 int ConsoleDocument::keptLines() const
@@ -86,12 +140,13 @@ int ConsoleDocument::keptLines() const
     const QTextDocument* document = m_edit->document();
     if (document->isEmpty())
         return 0;
-    return document->blockCount() - (m_hasNote ? 1 : 0);
+    return document->blockCount() + m_sharedLines - (m_hasNote ? 1 : 0);
 }
 
 // Each removal at the top moves every line below it, so lines go a
 // sixteenth of the limit at a time rather than one by one: the console keeps
-// between 15/16 of its limit and the limit itself once it is full.
+// between 15/16 of its limit and the limit itself once it is full. Lines go
+// in whole paragraphs; a shared one is small enough to fit in that sixteenth.
 void ConsoleDocument::trim()
 {
     const int excess = keptLines() - m_maxLines;
@@ -100,12 +155,27 @@ void ConsoleDocument::trim()
     const int count = excess + m_maxLines / 16;
     QTextDocument* document = m_edit->document();
     const int first = m_hasNote ? 1 : 0;
+    const QTextBlock from = document->findBlockByNumber(first);
+    const QTextBlock last = document->lastBlock();
+    QTextBlock to = from;
+    int removed = 0;
+    int shared = 0;
+    while (to != last && (removed < excess || removed + linesIn(to) <= count)) {
+        removed += linesIn(to);
+        shared += linesIn(to) - 1;
+        to = to.next();
+    }
+    // Which paragraph's own data outlives the removal is Qt's business: the
+    // line count of the one that stays first is set again.
+    const int keptState = to.userState();
     QTextCursor cursor(document);
     cursor.beginEditBlock();
-    cursor.setPosition(document->findBlockByNumber(first).position());
-    cursor.setPosition(document->findBlockByNumber(first + count).position(), QTextCursor::KeepAnchor);
+    cursor.setPosition(from.position());
+    cursor.setPosition(to.position(), QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
-    m_dropped += count;
+    document->findBlockByNumber(first).setUserState(keptState);
+    m_sharedLines -= shared;
+    m_dropped += removed;
     // In the same edit block: each change at the top moves every line.
     writeNote();
     cursor.endEditBlock();
@@ -120,10 +190,17 @@ void ConsoleDocument::writeNote()
     QTextCursor cursor(document);
     cursor.beginEditBlock();
     if (!m_hasNote) {
-        // A new first paragraph; the one that was first keeps its format.
+        // A new first paragraph; the one that was first keeps its format and
+        // its line count.
         const QTextBlock first = document->begin();
-        if (!document->isEmpty())
+        const int firstState = first.userState();
+        if (document->isEmpty()) {
+            m_lastShared = false;
+        } else {
             cursor.insertBlock(first.blockFormat(), first.charFormat());
+            document->begin().next().setUserState(firstState);
+        }
+        document->begin().setUserState(-1);
         cursor.movePosition(QTextCursor::Start);
         m_hasNote = true;
     } else {

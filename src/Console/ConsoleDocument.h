@@ -10,6 +10,11 @@ class QTextEdit;
 // oldest lines go, and a first line, in grey, says how many went. Lines are
 // written as QTextEdit::append writes them, in the current colour; a batch
 // of them is laid out once instead of once a line.
+//
+// A paragraph costs the text edit some 500 bytes beside its text, so a
+// batch's plain lines of one colour share paragraphs, a few dozen lines each,
+// broken by line separators: they look, find, copy and save as lines of their
+// own. Such a paragraph's user state is the number of lines it holds.
 class ConsoleDocument
 {
 public:
@@ -36,13 +41,21 @@ public:
     void clear();
 
 private:
+    bool joinsLastParagraph(const QColor& colour, const QString& text) const;
     int keptLines() const;
     void trim();
     void writeNote();
 
     QTextEdit* const m_edit;
     const int m_maxLines;
+    // How many lines a shared paragraph holds at most.
+    const int m_linesPerParagraph;
     long long m_dropped = 0;
+    // The lines beyond one of every shared paragraph.
+    int m_sharedLines = 0;
+    // The last paragraph is shared and may take more lines of this colour.
+    bool m_lastShared = false;
+    QColor m_lastColour;
     bool m_hasNote = false;
     // Lines were dropped during a batch; the note waits for its end.
     bool m_noteDue = false;

@@ -24,10 +24,15 @@ void KalMFAddRowsCommand::execute()
     // One notification for the whole insertion, not one per value.
     const SbBool notifying = field->enableNotify(FALSE);
     field->insertSpace(start, count);
-    // An empty quoted string: a string field gets an empty string, other
-    // types keep what insertSpace put there.
-    for (int i = start; i < start + count; ++i)
-        field->set1(i, "\"\"");
+    // An empty quoted string: a string field gets an empty string. Other
+    // types would keep what insertSpace put there, which for Coin's value
+    // types is memory nobody wrote: a plane made of it may not even read
+    // back. A row of zeros says the same "nothing yet" for every numeric type
+    // (Coin reads as many numbers as a value takes).
+    for (int i = start; i < start + count; ++i) {
+        if (!field->set1(i, "\"\""))
+            field->set1(i, "0 0 0 0 0 0 0 0 0 0 0 0 0 0 0 0");
+    }
     field->enableNotify(notifying);
     SoMFieldNotify::valueChanged(field);
 }

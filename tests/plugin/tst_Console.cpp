@@ -79,6 +79,7 @@ private slots:
     void destructionGivesTheHandlersBack();
     void saveKeepsTheTailOfALongerFile();
     void saveReplacesCharactersOutsideLatin1();
+    void linesFromAThreadAreSavedOnePerLine();
     void cancelledSaveWritesNothing();
     void loadAndUnloadTenTimes();
 
@@ -363,6 +364,22 @@ void tst_Console::saveReplacesCharactersOutsideLatin1()
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("caf\xe9 costs 5 ?"));
+}
+
+void tst_Console::linesFromAThreadAreSavedOnePerLine()
+{
+    const QString path = m_dir.filePath(QStringLiteral("thread.txt"));
+    ModalDialogs::setSaveFileName(
+        [&](QWidget*, const QString&, const QString&, const QString&) { return path; });
+    std::thread writer([] { std::cout << "one\ntwo\nthree\n"; });
+    writer.join();
+    QTRY_COMPARE(ConsoleTesting::texts(output()), (QStringList{"one", "two", "three"}));
+    // The three share a paragraph, and still go to the file as three lines.
+    QCOMPARE(output()->document()->blockCount(), 1);
+    QTest::mouseClick(button("m_saveButton"), Qt::LeftButton);
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("one\ntwo\nthree"));
 }
 
 void tst_Console::cancelledSaveWritesNothing()

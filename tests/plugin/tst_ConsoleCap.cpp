@@ -42,6 +42,7 @@ private slots:
     void unreadablePreferenceKeepsTheDefault();
     void floodFromEightThreadsKeepsEachThreadsTail();
     void floodIsShownInSlices();
+    void floodSharesParagraphsAndKeepsEachLine();
 
 private:
     // Checks the note and that the lines after it are "<prefix><n>" for the
@@ -195,6 +196,37 @@ void tst_ConsoleCap::floodIsShownInSlices()
     const QStringList shown = texts(output());
     for (int n = 0; n < kLines; ++n)
         QCOMPARE(shown[n], QStringLiteral("line %1").arg(n));
+}
+
+// Lines from another thread share paragraphs, which is what keeps a full
+// console small; each is still a line of its own, in its stream's colour, and
+// lines go past the limit whole.
+void tst_ConsoleCap::floodSharesParagraphsAndKeepsEachLine()
+{
+    constexpr int kLines = 20000;
+    constexpr int kMax = 8192;
+    makeConsoleKeeping(kMax);
+    const auto isError = [](int n) { return n % 7 == 3 || n % 7 == 4; };
+    std::thread writer([&isError] {
+        for (int n = 0; n < kLines; ++n)
+            (isError(n) ? std::cerr : std::cout) << "line " << n << '\n';
+    });
+    writer.join();
+    QTRY_VERIFY_WITH_TIMEOUT(
+        !texts(output()).isEmpty() && texts(output()).last() == QStringLiteral("line 19999"), 60000);
+    const int kept = checkTail(QStringLiteral("line "), kLines, kMax);
+    QVERIFY2(kept >= kMax - kMax / 16, qPrintable(QString::number(kept)));
+    const QList<Line> shown = lines(output());
+    for (int i = 1; i < shown.size(); ++i) {
+        const int n = kLines - kept + i - 1;
+        QCOMPARE(shown[i].colour, isError(n) ? QColor(Qt::darkRed) : QColor(Qt::darkGreen));
+    }
+    QVERIFY2(output()->document()->blockCount() < kept / 2, qPrintable(QString::number(kept)));
+    // What the UI thread writes next is a line of its own, in its colour.
+    std::cerr << "after";
+    QCOMPARE(lines(output()).last().text, QStringLiteral("after"));
+    QCOMPARE(lines(output()).last().colour, QColor(Qt::darkRed));
+    QCOMPARE(lines(output()).at(lines(output()).size() - 2).text, QStringLiteral("line 19999"));
 }
 
 QTEST_MAIN(tst_ConsoleCap)

@@ -16,6 +16,7 @@
 #include <QtTest>
 
 #include <iostream>
+#include <thread>
 
 using namespace ConsoleTesting;
 
@@ -31,6 +32,7 @@ private slots:
     void matchesFollowNewLines();
     void noMatchSaysSo();
     void linesShownWhileAMatchIsCurrentKeepTheirColours();
+    void matchesInLinesFromAnotherThread();
 
 private:
     QLineEdit* findEdit() const
@@ -196,6 +198,29 @@ void tst_ConsoleFind::linesShownWhileAMatchIsCurrentKeepTheirColours()
     QCOMPARE(shown[4].colour, QColor(Qt::darkGreen));
     QCOMPARE(shown[5].colour, QColor(Qt::darkRed));
     QCOMPARE(texts(output()).mid(4), (QStringList{"info", "error"}));
+}
+
+// Lines from another thread share paragraphs: their matches are found and
+// stepped through line by line all the same.
+void tst_ConsoleFind::matchesInLinesFromAnotherThread()
+{
+    std::thread writer([] {
+        for (int n = 0; n < 200; ++n)
+            std::cout << "line " << n << (n % 50 == 7 ? " needle" : " hay") << '\n';
+    });
+    writer.join();
+    QTRY_COMPARE(texts(output()).size(), 200);
+    QVERIFY(output()->document()->blockCount() < 200);
+    QTest::keyClick(output(), Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(findEdit(), QStringLiteral("needle"));
+    QCOMPARE(count(), QStringLiteral("1 of 4"));
+    QCOMPARE(highlighted(), (QStringList{"needle", "needle", "needle", "needle"}));
+    QTest::keyClick(findEdit(), Qt::Key_Return);
+    QCOMPARE(count(), QStringLiteral("2 of 4"));
+    // The current match is in the line that holds it.
+    const QString text = output()->toPlainText();
+    const int at = output()->textCursor().position();
+    QCOMPARE(text.left(at).section(QLatin1Char('\n'), -1), QStringLiteral("line 57 needle"));
 }
 
 QTEST_MAIN(tst_ConsoleFind)

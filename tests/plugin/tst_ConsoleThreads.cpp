@@ -59,7 +59,7 @@ void tst_ConsoleThreads::deliver(int expectedLines)
     // The writers have been joined, so all they posted is queued already; the
     // wait only guards against an event loop that hands it out in parts.
     QCoreApplication::processEvents();
-    QTRY_VERIFY_WITH_TIMEOUT(output()->document()->blockCount() >= expectedLines, 20000);
+    QTRY_VERIFY_WITH_TIMEOUT(texts(output()).size() >= expectedLines, 20000);
     QCoreApplication::processEvents();
 }
 

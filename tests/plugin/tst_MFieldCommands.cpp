@@ -11,7 +11,9 @@
 
 #include <Inventor/SoDB.h>
 #include <Inventor/fields/SoMFFloat.h>
+#include <Inventor/fields/SoMFPlane.h>
 #include <Inventor/fields/SoMFString.h>
+#include <Inventor/fields/SoMFVec3f.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/sensors/SoFieldSensor.h>
@@ -20,6 +22,7 @@
 #include <QtTest>
 
 #include <array>
+#include <cstring>
 
 namespace {
 
@@ -53,6 +56,7 @@ private slots:
     void addToAnEmptyStringList();
     void addToANumberList();
     void addNotifiesOnceAndLeavesTheDefault();
+    void addedNumberRowsAreZeros();
     void deleteAndUndoRestoresInPlace();
     void deleteClipsToTheValuesThatExist();
     void swapUndoAndRedoBothExchange();
@@ -120,6 +124,31 @@ void tst_MFieldCommands::addNotifiesOnceAndLeavesTheDefault()
     sensor.detach();
     KalServices::getInstance()->clearHistory();
     coordinates->unref();
+}
+
+// What insertSpace allocates is not written by Coin; freed memory full of
+// ones stands in for whatever the heap held before.
+void tst_MFieldCommands::addedNumberRowsAreZeros()
+{
+    auto* junk = new SbPlane[8];
+    std::memset(static_cast<void*>(junk), 0x5a, sizeof(SbPlane) * 8);
+    delete[] junk;
+    SoMFPlane planes;
+    planes.setNum(0);
+    KalServices::getInstance()->pushCommand(new KalMFAddRowsCommand(&planes, 0, 3));
+    QCOMPARE(planes.getNum(), 3);
+    for (int i = 0; i < 3; ++i) {
+        SbString text;
+        planes.get1(i, text);
+        QCOMPARE(QString::fromLatin1(text.getString()), QStringLiteral("0 0 0  0"));
+    }
+    SoMFVec3f vectors;
+    vectors.setValue(SbVec3f(1, 2, 3));
+    KalServices::getInstance()->pushCommand(new KalMFAddRowsCommand(&vectors, 1, 2));
+    QCOMPARE(vectors[0], SbVec3f(1, 2, 3));
+    QCOMPARE(vectors[1], SbVec3f(0, 0, 0));
+    QCOMPARE(vectors[2], SbVec3f(0, 0, 0));
+    KalServices::getInstance()->clearHistory();
 }
 
 void tst_MFieldCommands::deleteAndUndoRestoresInPlace()

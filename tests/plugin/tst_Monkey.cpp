@@ -2,10 +2,10 @@
 // host's dock: keys, clicks, double clicks, drags, wheel turns, focus
 // changes, hostile text, selection changes among fields of every type,
 // undo and redo. Nothing may crash or leak, afterwards every field still
-// reads back from its own text, and an event in a text editor that typed
-// nothing while no control holds typed text (a selection from one text
-// editor to another, a focus change, a click into a line edit, Return in
-// one) leaves every field of the node as it was, to the byte.
+// reads back from its own text, and an event in any editor that typed
+// nothing while no control holds typed text (a selection from one editor
+// to another, a focus change, a click into a line edit, Return in one)
+// leaves every field of the node as it was, to the byte.
 //
 // KAL_MONKEY_SEED picks the run (printed at the start, so a failure can be
 // replayed); KAL_MONKEY_EVENTS how many events it makes (a short run by
@@ -20,10 +20,12 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/lists/SoFieldList.h>
 
+#include <QAbstractSlider>
 #include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -75,11 +77,12 @@ private:
     QPoint randomPoint(QWidget* widget);
     // Makes one event; true when it was one that may change no field.
     bool act();
-    // Whether a control of the dock or of an open popup holds typed text
-    // that leaving it would apply, as it should.
-    bool holdsTypedText() const;
+    // Whether a control of the dock or of an open popup holds typed text,
+    // or a slider was moved by keys, wheel or drag since the editor was
+    // filled: leaving it applies that input, as it should.
+    bool holdsPendingInput() const;
     // Whether the dock shows an editor of the text paths.
-    static bool showsTextEditor();
+    static bool showsEditor();
     // Every field can be read back from the text it writes of itself.
     void checkFieldsReadBack();
 
@@ -90,6 +93,7 @@ private:
     int m_counts[12] = {};
     int m_untouchedChecks = 0;
     int m_lastChoice = 0;
+    bool m_sliderMoved = false;
 };
 
 void tst_Monkey::initTestCase()
@@ -155,29 +159,31 @@ bool tst_Monkey::act()
     QWidget* target = randomTarget();
     if (choice < 6) {
         ++m_counts[0];
-        // From one text editor to another: the numeric editors still write
-        // what their boxes show when they are left or filled.
-        const bool neutral = showsTextEditor() && !holdsTypedText();
+        // From one editor to another: filling an editor with a field, or
+        // leaving one untouched, writes nothing.
+        const bool neutral = showsEditor() && !holdsPendingInput();
         EditorDockFixture::select(m_fields.at(int(m_random() % unsigned(m_fields.size()))));
-        return neutral && showsTextEditor();
+        m_sliderMoved = false;
+        return neutral && showsEditor();
     }
     if (!target)
         return false;
+    // Keys, clicks, a drag or the wheel on a slider move it; its frame
+    // applies the new position later, when it is left.
+    if (choice < 82 && qobject_cast<QAbstractSlider*>(target))
+        m_sliderMoved = true;
     // A click into a line edit, or focus given, with no typed text pending.
-    // Checked in the text editors; the numeric editors' slider frames and
-    // popups still write what they show when clicked through.
     const bool neutral =
-        showsTextEditor() && !holdsTypedText() &&
+        showsEditor() && !holdsPendingInput() &&
         ((choice >= 82 && choice < 88) || (choice >= 48 && choice < 72 && qobject_cast<QLineEdit*>(target)));
     if (choice < 36) {
         ++m_counts[1];
         const Qt::Key key = kKeys[m_random() % std::size(kKeys)];
         const Qt::KeyboardModifiers modifiers = (m_random() % 8 == 0) ? Qt::ShiftModifier : Qt::NoModifier;
-        // Return in a text editor's line edit that holds nothing typed
-        // types nothing.
+        // Return in a line edit that holds nothing typed types nothing.
         const bool returnOnly = (key == Qt::Key_Return || key == Qt::Key_Enter) &&
                                 modifiers == Qt::NoModifier && qobject_cast<QLineEdit*>(target) &&
-                                showsTextEditor() && !holdsTypedText();
+                                showsEditor() && !holdsPendingInput();
         QTest::keyClick(target, key, modifiers);
         return returnOnly;
     } else if (choice < 46) {
@@ -193,7 +199,18 @@ bool tst_Monkey::act()
         QTest::mouseClick(target, Qt::LeftButton, Qt::NoModifier, randomPoint(target));
     } else if (choice < 72) {
         ++m_counts[5];
-        QTest::mouseDClick(target, Qt::LeftButton, Qt::NoModifier, randomPoint(target));
+        // A double click as a person makes it: press, release, the second
+        // press and its release. QTest's double click alone is the second
+        // press without the first click or any release, so a slider took it
+        // for a press on its groove held down for good, and went on paging
+        // every 50 ms, writing its field during whatever events came later.
+        const QPoint at = randomPoint(target);
+        const QPointer<QWidget> clicked = target;
+        QTest::mouseClick(clicked, Qt::LeftButton, Qt::NoModifier, at);
+        if (clicked && clicked->isVisible())
+            QTest::mouseDClick(clicked, Qt::LeftButton, Qt::NoModifier, at);
+        if (clicked && clicked->isVisible())
+            QTest::mouseRelease(clicked, Qt::LeftButton, Qt::NoModifier, at);
     } else if (choice < 77) {
         ++m_counts[6];
         // A drag: press, a few moves, release.
@@ -265,8 +282,10 @@ void tst_Monkey::storm()
     checkFieldsReadBack();
 }
 
-bool tst_Monkey::holdsTypedText() const
+bool tst_Monkey::holdsPendingInput() const
 {
+    if (m_sliderMoved)
+        return true;
     QList<QWidget*> roots{EditorDockFixture::dock(), QApplication::activePopupWidget()};
     for (QWidget* root : roots) {
         if (!root)
@@ -279,15 +298,10 @@ bool tst_Monkey::holdsTypedText() const
     return false;
 }
 
-bool tst_Monkey::showsTextEditor()
+bool tst_Monkey::showsEditor()
 {
-    static const QStringList textEditors{
-        QStringLiteral("FxSFLineWidget"),   QStringLiteral("FxSFStringWidget"),
-        QStringLiteral("FxSFNameWidget"),   QStringLiteral("FxSFFilePathStringWidget"),
-        QStringLiteral("FxMFStringWidget"), QStringLiteral("FxMFDefaultFieldWidget"),
-    };
     QDockWidget* dock = EditorDockFixture::dock();
-    if (!dock || !dock->widget() || !textEditors.contains(dock->widget()->objectName()))
+    if (!dock || !dock->widget())
         return false;
     // The focus may still be in an editor shown before, detached from the
     // window, which applies its input when it loses the focus.

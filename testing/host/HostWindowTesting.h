@@ -34,6 +34,18 @@ inline void setUpScene()
     SoQt::init(KalShell::getInstance()->getMainWindow());
 }
 
+// A window on the sample scene, without the plug-in, the 3D view or a
+// person: what tests of opening and saving scene files need.
+inline std::unique_ptr<KalHostWindow> headlessSample()
+{
+    KalHostWindow::Options options;
+    options.interactive = false;
+    options.view = false;
+    std::unique_ptr<KalHostWindow> host(new KalHostWindow(options));
+    host->openSample();
+    return host;
+}
+
 // A window on the sample scene with the plug-in loaded, shown; the 3D view
 // only where asked for. Null when the plug-in did not load.
 inline std::unique_ptr<KalHostWindow> sampleWithPlugin(bool view)

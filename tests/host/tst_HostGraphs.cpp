@@ -98,11 +98,7 @@ void tst_HostGraphs::init()
 {
     m_dir.reset(new QTemporaryDir);
     QVERIFY(m_dir->isValid());
-    KalHostWindow::Options options;
-    options.interactive = false;
-    options.view = false;
-    m_host.reset(new KalHostWindow(options));
-    m_host->openSample();
+    m_host = HostWindowTesting::headlessSample();
 }
 
 void tst_HostGraphs::cleanup()

@@ -95,11 +95,7 @@ void tst_HostHardening::initTestCase()
 
 void tst_HostHardening::init()
 {
-    KalHostWindow::Options options;
-    options.interactive = false;
-    options.view = false;
-    m_host.reset(new KalHostWindow(options));
-    m_host->openSample();
+    m_host = HostWindowTesting::headlessSample();
 }
 
 void tst_HostHardening::cleanup()

@@ -66,11 +66,7 @@ void tst_HostIncludes::init()
 {
     m_dir.reset(new QTemporaryDir);
     QVERIFY(m_dir->isValid());
-    KalHostWindow::Options options;
-    options.interactive = false;
-    options.view = false;
-    m_host.reset(new KalHostWindow(options));
-    m_host->openSample();
+    m_host = HostWindowTesting::headlessSample();
 }
 
 void tst_HostIncludes::cleanup()

@@ -87,7 +87,7 @@ void tst_HostNodeSummary::selectedNodeIsSummarised_data()
                              << "(none)";
     QTest::newRow("path") << "Moved"
                           << "Path"
-                          << "Separator/Moved";
+                          << "Moved";
     QTest::newRow("set fields") << "Moved"
                                 << "Fields"
                                 << "2 of 5 differ from their defaults: translation, scaleFactor";

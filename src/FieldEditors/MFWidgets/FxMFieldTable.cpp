@@ -29,9 +29,12 @@ FxMFieldTable::FxMFieldTable(FxMFieldWidget* fieldWidget, QWidget* parent, const
     setItemDelegate(m_delegate);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    // Columns share the width; the slider frame a numeric cell opens needs
-    // all of it.
-    horizontalHeader()->setStretchLastSection(true);
+    // The columns are fitted to the viewport here rather than by stretching
+    // the header's last section: a stretched last section stops shrinking at
+    // the header's default width (100 px), and in a narrow dock a colour's B
+    // or a rotation's angle went on under the vertical scroll bar.
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int column, int, int size) { fitDraggedColumn(column, size); });
     setCurrentCell(0, 0);
 }
 
@@ -261,19 +264,65 @@ void FxMFieldTable::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
-// The table never scrolls sideways, so its columns share its width: a fourth
-// component (a rotation's angle, a colour's blue) would otherwise sit past
-// the edge, out of reach. Columns stay resizable by hand until the next
-// resize.
-void FxMFieldTable::resizeEvent(QResizeEvent* event)
+// The table never scrolls sideways, so its columns share the viewport's
+// width: a fourth component (a rotation's angle, a colour's blue) would
+// otherwise sit past the edge, out of reach, and the slider frame a numeric
+// cell opens needs all of a single column. The viewport narrows without the
+// table being resized when a longer list widens the row numbers; every
+// change of its geometry comes through here.
+void FxMFieldTable::updateGeometries()
 {
-    QTableWidget::resizeEvent(event);
+    QTableWidget::updateGeometries();
+    fitColumns();
+}
+
+void FxMFieldTable::fitColumns()
+{
     const int columns = columnCount();
-    if (columns < 2)
+    const int width = viewport()->width();
+    if (columns < 1 || width <= 0 || m_fittingColumns)
         return;
-    const int width = viewport()->width() / columns;
+    m_fittingColumns = true;
+    // Widths set by hand are kept while the viewport keeps its width.
+    if (width != m_fittedWidth || columns != m_fittedColumns) {
+        const int share = width / columns;
+        for (int column = 0; column < columns - 1; ++column) {
+            if (columnWidth(column) != share)
+                setColumnWidth(column, share);
+        }
+        m_fittedWidth = width;
+        m_fittedColumns = columns;
+    }
+    int used = 0;
     for (int column = 0; column < columns - 1; ++column)
-        setColumnWidth(column, width);
+        used += columnWidth(column);
+    const int last = std::max(width - used, 0);
+    if (columnWidth(columns - 1) != last)
+        setColumnWidth(columns - 1, last);
+    m_fittingColumns = false;
+}
+
+void FxMFieldTable::fitDraggedColumn(int column, int size)
+{
+    const int columns = columnCount();
+    if (m_fittingColumns || column < 0 || column >= columns - 1) {
+        // The last column's own edge is the viewport's: dragging it snaps
+        // back.
+        if (!m_fittingColumns && column == columns - 1)
+            fitColumns();
+        return;
+    }
+    int others = 0;
+    for (int index = 0; index < columns - 1; ++index)
+        others += columnWidth(index);
+    const int minimum = horizontalHeader()->minimumSectionSize();
+    const int room = viewport()->width() - minimum;
+    if (others > room) {
+        m_fittingColumns = true;
+        setColumnWidth(column, std::max(size - (others - room), minimum));
+        m_fittingColumns = false;
+    }
+    fitColumns();
 }
 
 // After the first Shift release the table has no selection mode until Shift

@@ -50,7 +50,7 @@ protected:
     void installDelegate(FxMFieldTableItemDelegate* delegate);
 
     void keyPressEvent(QKeyEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void updateGeometries() override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
@@ -62,8 +62,17 @@ private:
     // left as the operation set it.
     void setCurrentRowQuietly(int row);
     void setAccessRange(int minimum, int maximum);
+    // The columns end where the viewport ends: shared out anew when its
+    // width or the number of columns changed, the last taking what is left.
+    void fitColumns();
+    // A column dragged wider takes its room from the last one, never more
+    // than leaves the last its minimum.
+    void fitDraggedColumn(int column, int size);
 
     FxMFieldTableItemDelegate* m_delegate;
     bool m_multiSelect = false;
     bool m_movingCurrent = false;
+    bool m_fittingColumns = false;
+    int m_fittedWidth = -1;
+    int m_fittedColumns = -1;
 };

@@ -367,6 +367,7 @@ void KalConsole::soErrorHandler(const SoError* error, void* data)
 bool KalConsole::event(QEvent* event)
 {
     takeOverPostedReports();
+    inbox.receivePosted();
     if (event->type() == ConsoleEvent::TypeId) {
         auto* report = static_cast<ConsoleEvent*>(event);
         displayKind(report->getKind(), report->getText());

@@ -53,6 +53,11 @@ void ConsoleInbox::postWakeUp()
     QCoreApplication::postEvent(m_receiver, new QEvent(WakeUpType));
 }
 
+void ConsoleInbox::receivePosted()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+}
+
 void ConsoleInbox::discard()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

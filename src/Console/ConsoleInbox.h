@@ -44,6 +44,11 @@ public:
     // caller posts it with postWakeUp().
     bool take(std::vector<Line>& lines, std::size_t count, long long& dropped);
     void postWakeUp();
+    // The receiver's thread, before it reads a posted event: wake-ups from
+    // other threads are posted under the inbox's lock, and taking it once
+    // makes their hand-over one the thread sanitizer can follow (Qt's event
+    // queue orders it with locks of its own, which it cannot see).
+    void receivePosted();
 
     // Forgets what waits.
     void discard();

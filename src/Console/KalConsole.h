@@ -112,6 +112,8 @@ private:
     using Redirector = std::unique_ptr<StdStreamRedirector<char>, StdStreamRedirector<char>::Retire>;
     Redirector errRedirector;
     Redirector outRedirector;
+    // Resumes the redirector still in the stream, or puts a new one there.
+    void capture(Redirector& redirector, std::ostream& stream, StdStreamRedirector<char>::Callback callback);
 
     // Lines from other threads on their way to the text, the text kept to
     // its limit, and find.

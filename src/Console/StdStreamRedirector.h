@@ -29,6 +29,15 @@
 // already fetched the stream's buffer may enter it after the stream got its
 // old buffer back, and must find it there.
 //
+// Giving a stream another buffer while other threads write to it is itself
+// a race: the stream's buffer pointer is a plain member, read by every
+// writer. So once another thread has written through a redirector, pausing
+// it (see pause) no longer hands the stream its old buffer: the redirector
+// stays in place and passes what is written on to that buffer, and resume()
+// takes capture up again without touching the stream. Only a redirector no
+// other thread has used gives the buffer back at once, and detach(), on the
+// owning thread, always does.
+//
 // Any other thread gathers what it writes, blocks and characters alike, in a
 // line of its own and hands over whole lines only: "t" << 3 << '\n' is one
 // line, never three pieces, however many threads write at once. A line that
@@ -60,8 +69,10 @@ public:
     // written here afterwards goes on to the previous buffer.
     void detach()
     {
-        if (m_detached.exchange(true))
+        if (m_restored)
             return;
+        m_restored = true;
+        m_detached.store(true, std::memory_order_release);
         m_stream.rdbuf(m_previous);
         m_sink->close();
         m_pending.clear();
@@ -90,6 +101,35 @@ public:
         }
     };
 
+    // Stops capturing. What is written afterwards goes on to the previous
+    // buffer, with the redirector left in the stream when other threads have
+    // written through it; true when it was left there, to be resumed.
+    bool pause()
+    {
+        if (m_restored)
+            return false;
+        if (!m_sharedWithOthers.load(std::memory_order_acquire)) {
+            detach();
+            return false;
+        }
+        m_detached.store(true, std::memory_order_release);
+        m_sink->close();
+        return true;
+    }
+
+    // Captures again what a pause passed on, if the stream still writes
+    // through this redirector; false when it has been given another buffer
+    // meanwhile (or this one was detached), and a new redirector is needed.
+    bool resume()
+    {
+        if (m_restored || m_stream.rdbuf() != this)
+            return false;
+        m_pending.clear();
+        m_sink->open();
+        m_detached.store(false, std::memory_order_release);
+        return true;
+    }
+
     StdStreamRedirector(const StdStreamRedirector&) = delete;
     StdStreamRedirector& operator=(const StdStreamRedirector&) = delete;
 
@@ -106,6 +146,7 @@ protected:
             return m_previous ? m_previous->sputc(Traits::to_char_type(c)) : Traits::eof();
         const Char character = Traits::to_char_type(c);
         if (std::this_thread::get_id() != m_owner) {
+            markShared();
             gather(&character, 1);
             return c;
         }
@@ -128,6 +169,7 @@ protected:
         if (m_detached.load(std::memory_order_acquire))
             return m_previous ? m_previous->sputn(text, count) : 0;
         if (std::this_thread::get_id() != m_owner) {
+            markShared();
             gather(text, count);
             return count;
         }
@@ -146,6 +188,7 @@ private:
     public:
         Sink(Callback callback, void* data)
             : m_callback(callback)
+            , m_saved(callback)
             , m_data(data)
         {}
 
@@ -171,6 +214,12 @@ private:
             m_callback = nullptr;
         }
 
+        void open()
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            m_callback = m_saved;
+        }
+
         bool closed()
         {
             const std::lock_guard<std::mutex> lock(m_mutex);
@@ -180,6 +229,7 @@ private:
     private:
         std::mutex m_mutex;
         Callback m_callback;
+        const Callback m_saved;
         void* m_data;
     };
 
@@ -217,6 +267,14 @@ private:
         std::vector<std::pair<std::shared_ptr<Sink>, String>> m_lines;
     };
 
+    // Relaxed would do for the flag alone; release pairs it with pause(),
+    // which reads it before deciding to leave the stream alone.
+    void markShared()
+    {
+        if (!m_sharedWithOthers.load(std::memory_order_relaxed))
+            m_sharedWithOthers.store(true, std::memory_order_release);
+    }
+
     void gather(const Char* text, std::streamsize count)
     {
         static thread_local ThreadLines threadLines;
@@ -236,6 +294,8 @@ private:
     const std::thread::id m_owner;
     const std::shared_ptr<Sink> m_sink;
     std::atomic<bool> m_detached{false};
+    std::atomic<bool> m_sharedWithOthers{false};
+    bool m_restored = false; // touched by the owning thread only
     String m_pending;
     String m_block;
 };

@@ -48,6 +48,7 @@ private slots:
     void partLinesOfTwoStreamsStayApart();
     void unfinishedLineArrivesWhenTheWriterEnds();
     void writerOutlivingTheConsoleIsHarmless();
+    void streamsOtherThreadsUsedKeepTheirBuffer();
 
 private:
     // Lets everything the writers posted reach the console.
@@ -198,6 +199,40 @@ void tst_ConsoleThreads::writerOutlivingTheConsoleIsHarmless()
     second.join();
     deliver(1);
     QCOMPARE(texts(output()), QStringList{"fresh"});
+}
+
+void tst_ConsoleThreads::streamsOtherThreadsUsedKeepTheirBuffer()
+{
+    // Once another thread has written through the console, a deactivation
+    // must not swap the stream's buffer under writers that may still be
+    // there: the stream keeps the buffer it had, which passes text on.
+    std::thread writer([] { std::cout << "from a thread\n"; });
+    writer.join();
+    deliver(1);
+    std::streambuf* const capturing = std::cout.rdbuf();
+    QVERIFY(capturing != static_cast<std::streambuf*>(m_out.rdbuf()));
+    m_console->deactivate();
+    QCOMPARE(std::cout.rdbuf(), capturing);
+    std::cout << "passed on";
+    std::thread later([] { std::cout << " and on\n"; });
+    later.join();
+    QCOMPARE(QString::fromStdString(m_out.str()), QStringLiteral("passed on and on\n"));
+
+    // Activated again, the same buffer captures again.
+    m_console->activate();
+    QCOMPARE(std::cout.rdbuf(), capturing);
+    output()->clear();
+    std::cout << "captured again";
+    QCOMPARE(texts(output()), QStringList{"captured again"});
+    QCOMPARE(QString::fromStdString(m_out.str()), QStringLiteral("passed on and on\n"));
+
+    // The console's end gives the stream its own buffer back.
+    m_console->deactivate();
+    m_console->destroyWidget();
+    m_console.reset();
+    QCOMPARE(std::cout.rdbuf(), static_cast<std::streambuf*>(m_out.rdbuf()));
+    // std::cerr, never written by another thread, got its buffer back at once.
+    QCOMPARE(std::cerr.rdbuf(), static_cast<std::streambuf*>(m_err.rdbuf()));
 }
 
 QTEST_MAIN(tst_ConsoleThreads)

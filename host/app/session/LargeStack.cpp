@@ -4,6 +4,7 @@
 
 #include <QThread>
 
+#include <atomic>
 #include <memory>
 #include <new>
 
@@ -25,18 +26,32 @@ bool runCaught(const std::function<void()>& work)
 
 bool LargeStack::run(const std::function<void()>& work)
 {
-    bool ran = false;
-    bool completed = false;
-    std::unique_ptr<QThread> thread(QThread::create([&work, &ran, &completed] {
-        ran = true;
-        completed = runCaught(work);
+    // What the reading thread made (a scene, its report, the memory it freed)
+    // is the caller's once the thread has ended. QThread::wait() orders that,
+    // but through Qt's own futex locks, which the thread sanitizer cannot see;
+    // the outcome, stored last with release and loaded with acquire, hands it
+    // all over in a way any tool can follow.
+    enum Outcome
+    {
+        NotRun,
+        Completed,
+        OutOfMemory
+    };
+    std::atomic<int> outcome{NotRun};
+    std::unique_ptr<QThread> thread(QThread::create([&work, &outcome] {
+        outcome.store(runCaught(work) ? Completed : OutOfMemory, std::memory_order_release);
     }));
     thread->setStackSize(kStackBytes);
     thread->start();
     thread->wait();
-    if (!ran)
-        completed = runCaught(work);
-    return completed;
+    switch (outcome.load(std::memory_order_acquire)) {
+    case Completed:
+        return true;
+    case OutOfMemory:
+        return false;
+    default:
+        return runCaught(work);
+    }
 }
 
 void LargeStack::unref(SoBase* object)

@@ -11,13 +11,14 @@
 #include <QMainWindow>
 #include <QTemporaryDir>
 
-// 1,000 groups of 99 nodes each, plus the groups and the root: 100,001
-// nodes. Four of the cubes have names ("Marker0", "Marker333", ...), so that
-// a name is found a few times.
-inline QString hugeScenePath()
+#include <functional>
+
+// A scene of 1,000 groups under one root, written once per run into a
+// folder of its own; each group's body comes from writeGroup.
+inline QString groupedScenePath(const char* name, const std::function<void(QFile&, int)>& writeGroup)
 {
     static QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("huge.iv"));
+    const QString path = dir.filePath(QString::fromLatin1(name));
     if (QFile::exists(path))
         return path;
     QFile file(path);
@@ -25,16 +26,26 @@ inline QString hugeScenePath()
     file.write("#Inventor V2.1 ascii\nSeparator {\n");
     for (int group = 0; group < 1000; ++group) {
         file.write("Separator {\n");
+        writeGroup(file, group);
+        file.write("}\n");
+    }
+    file.write("}\n");
+    return path;
+}
+
+// 1,000 groups of 99 nodes each, plus the groups and the root: 100,001
+// nodes. Four of the cubes have names ("Marker0", "Marker333", ...), so that
+// a name is found a few times.
+inline QString hugeScenePath()
+{
+    return groupedScenePath("huge.iv", [](QFile& file, int group) {
         for (int i = 0; i < 99; ++i) {
             if (i == 49 && group % 333 == 0)
                 file.write(QStringLiteral("DEF Marker%1 Cube { width 2 }\n").arg(group).toUtf8());
             else
                 file.write((i % 2) ? "Cube { width 2 }\n" : "Material { diffuseColor 0.5 0.5 0.5 }\n");
         }
-        file.write("}\n");
-    }
-    file.write("}\n");
-    return path;
+    });
 }
 
 // One shown host window without a 3D view, with the plug-in loaded and the
@@ -63,23 +74,12 @@ inline KalHostWindow& benchHost()
 // root. Four of the vertex lists have names ("Marker0", "Marker333", ...).
 inline QString nestedScenePath()
 {
-    static QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("nested.iv"));
-    if (QFile::exists(path))
-        return path;
-    QFile file(path);
-    file.open(QIODevice::WriteOnly);
-    file.write("#Inventor V2.1 ascii\nSeparator {\n");
-    for (int group = 0; group < 1000; ++group) {
-        file.write("Separator {\n");
+    return groupedScenePath("nested.iv", [](QFile& file, int group) {
         for (int i = 0; i < 33; ++i) {
             file.write("Material { diffuseColor 0.5 0.5 0.5 }\nPointSet { vertexProperty ");
             if (i == 16 && group % 333 == 0)
                 file.write(QStringLiteral("DEF Marker%1 ").arg(group).toUtf8());
             file.write("VertexProperty { vertex [ 0 0 0, 1 0 0, 1 1 0, 0 1 0 ] } }\n");
         }
-        file.write("}\n");
-    }
-    file.write("}\n");
-    return path;
+    });
 }

@@ -11,6 +11,8 @@
 TreeSight::TreeSight(QTreeView* tree, QList<int> columns)
     : QObject(tree)
     , m_tree(tree)
+    , m_treeObject(tree)
+    , m_viewport(tree->viewport())
     , m_columns(std::move(columns))
 {
     // Only the rows in the viewport are measured.
@@ -27,12 +29,13 @@ TreeSight::TreeSight(QTreeView* tree, QList<int> columns)
         connect(model, &QAbstractItemModel::layoutChanged, this, later);
         connect(model, &QAbstractItemModel::dataChanged, this, later);
     }
-    m_tree->viewport()->installEventFilter(this);
+    m_viewport->installEventFilter(this);
 }
 
 bool TreeSight::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_tree->viewport() && event->type() == QEvent::Resize) {
+    // The viewport still hears of resizes while the tree is taken down.
+    if (watched == m_viewport && event->type() == QEvent::Resize && qobject_cast<QTreeView*>(m_treeObject)) {
         m_widen.start();
         keepSelectedRow();
     }

@@ -5,6 +5,7 @@
 #include <QTimer>
 
 class QTreeView;
+class QWidget;
 
 // What the scene tree keeps in sight. Its name and type columns widen to
 // what the rows in sight hold, measured once the tree settles after a
@@ -28,6 +29,10 @@ private:
     void keepSelectedRow();
 
     QTreeView* m_tree;
+    // The same tree and its viewport, to be told apart from the tree while
+    // it is being taken down, when it is a tree no more.
+    QObject* m_treeObject;
+    QWidget* m_viewport;
     QList<int> m_columns;
     QTimer m_widen;
 };

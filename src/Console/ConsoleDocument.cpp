@@ -57,16 +57,17 @@ ConsoleDocument::ConsoleDocument(QTextEdit* edit, int maxLines)
 
 void ConsoleDocument::append(const QColor& colour, const QString& text)
 {
-    m_edit->setTextColor(colour);
     if (joinsLastParagraph(colour, text)) {
-        QTextCursor end(m_edit->document());
-        end.movePosition(QTextCursor::End);
-        end.insertText(QString(QChar::LineSeparator) + text, m_edit->currentCharFormat());
-        QTextBlock last = m_edit->document()->lastBlock();
-        last.setUserState(last.userState() + 1);
+        // Inserted with the rest of its paragraph when the paragraph is full
+        // or the batch ends: each insertion is a change the layout hears of.
+        m_pendingText += QChar::LineSeparator;
+        m_pendingText += text;
+        ++m_pendingLines;
         ++m_sharedLines;
         return;
     }
+    writePending();
+    m_edit->setTextColor(colour);
     m_edit->append(text);
     // Lines from the UI thread keep a paragraph each: a line joining a
     // paragraph lays all of it out again, which a batch pays once and a
@@ -75,15 +76,30 @@ void ConsoleDocument::append(const QColor& colour, const QString& text)
     if (m_lastShared) {
         m_edit->document()->lastBlock().setUserState(1);
         m_lastColour = colour;
+        m_pendingFormat = m_edit->currentCharFormat();
     }
     if (m_batchDepth == 0)
         trim();
 }
 
+void ConsoleDocument::writePending()
+{
+    if (m_pendingLines == 0)
+        return;
+    QTextCursor end(m_edit->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(m_pendingText, m_pendingFormat);
+    QTextBlock last = m_edit->document()->lastBlock();
+    last.setUserState(last.userState() + m_pendingLines);
+    m_pendingText.clear();
+    m_pendingLines = 0;
+}
+
 bool ConsoleDocument::joinsLastParagraph(const QColor& colour, const QString& text) const
 {
     return m_batchDepth > 0 && m_lastShared && colour == m_lastColour &&
-           linesIn(m_edit->document()->lastBlock()) < m_linesPerParagraph && isPlainLine(text);
+           linesIn(m_edit->document()->lastBlock()) + m_pendingLines < m_linesPerParagraph &&
+           isPlainLine(text);
 }
 
 void ConsoleDocument::beginBatch()
@@ -100,6 +116,7 @@ void ConsoleDocument::endBatch()
 {
     if (m_batchDepth == 0 || --m_batchDepth > 0)
         return;
+    writePending();
     // The lines at the end are laid out first, on their own: a change at the
     // top inside the same edit block would make the whole text be laid out
     // again, as one change from the top to the end.
@@ -128,6 +145,8 @@ void ConsoleDocument::addDropped(long long count)
 void ConsoleDocument::clear()
 {
     m_edit->clear();
+    m_pendingText.clear();
+    m_pendingLines = 0;
     m_dropped = 0;
     m_hasNote = false;
     m_noteDue = false;

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QString>
+#include <QTextCharFormat>
 #include <QTextCursor>
 
 class QTextEdit;
@@ -42,6 +43,7 @@ public:
 
 private:
     bool joinsLastParagraph(const QColor& colour, const QString& text) const;
+    void writePending();
     int keptLines() const;
     void trim();
     void writeNote();
@@ -56,6 +58,10 @@ private:
     // The last paragraph is shared and may take more lines of this colour.
     bool m_lastShared = false;
     QColor m_lastColour;
+    // Lines that join the last paragraph, not yet inserted, in its format.
+    QString m_pendingText;
+    int m_pendingLines = 0;
+    QTextCharFormat m_pendingFormat;
     bool m_hasNote = false;
     // Lines were dropped during a batch; the note waits for its end.
     bool m_noteDue = false;

@@ -277,11 +277,13 @@ void KalPluginsManager::unloadAll()
 
     m_activeProfile = nullptr;
     m_defaultProfile = nullptr;
-    for (KalProfile* profile : m_profiles)
+    // One walk over each list, each profile deleted with its node: with tens
+    // of thousands of profiles every walk is a cache miss a node.
+    const auto deleted = [](KalProfile* profile) {
         delete profile;
-    m_profiles.clear();
-    for (KalProfile* profile : m_unlistedProfiles)
-        delete profile;
-    m_unlistedProfiles.clear();
+        return true;
+    };
+    m_profiles.remove_if(deleted);
+    m_unlistedProfiles.remove_if(deleted);
     m_heldProfiles.clear();
 }

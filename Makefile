@@ -63,7 +63,7 @@ sanitize: deps
 
 test-sanitize: sanitize
 	cd $(ASAN_BUILD) && QT_QPA_PLATFORM=offscreen \
-	  ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=0:abort_on_error=1:strict_init_order=1:detect_stack_use_after_return=1 \
+	  ASAN_OPTIONS=detect_leaks=1:fast_unwind_on_malloc=1:abort_on_error=1:strict_init_order=1:detect_stack_use_after_return=1 \
 	  LSAN_OPTIONS=suppressions=$(CURDIR)/tests/lsan.supp:print_suppressions=0 \
 	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
 	  ctest --output-on-failure -j $(JOBS)

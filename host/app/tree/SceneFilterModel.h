@@ -5,7 +5,6 @@
 #include <QAbstractProxyModel>
 
 #include <deque>
-#include <unordered_map>
 #include <vector>
 
 class SceneModel;
@@ -39,8 +38,8 @@ public:
     // than losing the filter or selecting nothing.
     QModelIndex reveal(const QModelIndex& sourceIndex);
 
-    // The rows the search opened (something inside them matched), a parent
-    // before its children.
+    // The rows the search opened (something inside them matched, and they
+    // are not left folded), a parent before its children.
     std::vector<QModelIndex> openedRows() const;
 
     QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
@@ -49,6 +48,9 @@ public:
     QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& child) const override;
     QModelIndex sibling(int row, int column, const QModelIndex& index) const override;
+    // Those of the scene model, without mapping the row: a view asks them
+    // of every row it opens, several times.
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;
@@ -68,6 +70,8 @@ private:
         // order. Otherwise every row, as the scene model has them.
         bool narrowed = false;
         std::vector<int> rows;
+        // Left folded when the filter is applied (see SceneSearch::Row).
+        bool folded = false;
         // The listings of the rows it shows, by proxy row, as they are made:
         // a view asks for them once per row it lays out.
         std::vector<Listing*> under;
@@ -75,7 +79,10 @@ private:
 
     void forget();
     QModelIndex proxyIndexOf(const Listing* listing) const;
-    Listing* listingOf(const QModelIndex& sourceParent) const;
+    // The listing of the rows shown under a row of the scene model, found
+    // from the top down; null if the filter left a row on the way out, or,
+    // unless make is set, if no view has opened one.
+    Listing* listingOf(const QModelIndex& sourceParent, bool make) const;
     // Where the listing of a shown row is kept; null until one is made.
     Listing*& slotUnder(Listing* holder, int proxyRow) const;
     // The listing of the rows under a shown row, made if no one asked yet.
@@ -88,7 +95,7 @@ private:
                            const QVector<int>& roles);
 
     SceneModel* m_scene;
+    // The top's first. A listing is found through those above it rather
+    // than by a table of every listing: tens of thousands are made at once.
     mutable std::deque<Listing> m_listings;
-    // Keyed by the scene model row's internal pointer; the top's is null.
-    mutable std::unordered_map<const void*, Listing*> m_byParent;
 };

@@ -36,6 +36,13 @@ public:
         bool narrowed = false;
         // With narrowed, its rows that stay, in increasing order.
         std::vector<int> keptRows;
+        // A field row that matched by its own name and holds a node that
+        // matched too: it is shown, and so is what it holds when it is
+        // opened, but it is not opened, nor is anything below it. The field
+        // is what the text named; opening each would put the node under it
+        // between every two fields found, a scene of shapes twice as long
+        // to read.
+        bool folded = false;
     };
 
     struct Result

@@ -169,12 +169,11 @@ void tst_SceneFilter::aFieldFoundByItsNameStaysFolded_data()
     QTest::newRow("field and node by type")
         << "VertexProperty" << QStringList{"Separator", "Mesh", "vertexProperty"} << 2
         << QStringList{"vertexProperty"} << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"};
-    // Opened, the field shows the node, and the node only its row the text
-    // found, as a node found inside anything else does.
+    // What matched inside it is counted, and found when the field is
+    // opened, in a node kept whole.
     QTest::newRow("field, node and the node's field")
         << "vertex" << QStringList{"Separator", "Mesh", "vertexProperty"} << 3
-        << QStringList{"vertexProperty", "Corners"}
-        << QStringList{"Separator", "Mesh", "vertexProperty", "Corners", "vertex"};
+        << QStringList{"vertexProperty"} << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"};
     // A field that did not match itself opens to what it holds.
     QTest::newRow("the node alone") << "Corners"
                                     << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"} << 1
@@ -213,6 +212,12 @@ void tst_SceneFilter::aFieldFoundByItsNameStaysFolded()
         QTest::keyClick(tree, Qt::Key_Right);
     }
     QCOMPARE(shownRows(), opened);
+    // The node under the field is kept whole: every row the scene has.
+    const QModelIndex corners = SceneFilterFixture::shown(row(QStringLiteral("Corners")));
+    QVERIFY(corners.isValid());
+    QVERIFY(!tree->isExpanded(corners));
+    QCOMPARE(tree->model()->rowCount(corners),
+             m_host->sceneModel()->rowCount(row(QStringLiteral("Corners"))));
 }
 
 void tst_SceneFilter::unknownNodesAreFoundByTheNameTheTreeShows()

@@ -67,7 +67,6 @@ void SceneFilterModel::setFound(SceneSearch::Result found)
         listing.proxyRow = proxyRowOf(holder, entry.row);
         listing.narrowed = true;
         listing.rows = std::move(entry.keptRows);
-        listing.folded = entry.folded || holder->folded;
         m_listings.push_back(std::move(listing));
         listings[i] = &m_listings.back();
         if (listings[i]->proxyRow >= 0)
@@ -147,7 +146,7 @@ std::vector<QModelIndex> SceneFilterModel::openedRows() const
 {
     std::vector<QModelIndex> rows;
     for (const Listing& listing : m_listings) {
-        if (listing.narrowed && !listing.folded && listing.holder && listing.proxyRow >= 0)
+        if (listing.narrowed && listing.holder && listing.proxyRow >= 0)
             rows.push_back(createIndex(listing.proxyRow, 0, listing.holder));
     }
     return rows;

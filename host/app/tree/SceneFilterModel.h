@@ -38,8 +38,8 @@ public:
     // than losing the filter or selecting nothing.
     QModelIndex reveal(const QModelIndex& sourceIndex);
 
-    // The rows the search opened (something inside them matched, and they
-    // are not left folded), a parent before its children.
+    // The rows the search opened (something inside them matched), a parent
+    // before its children.
     std::vector<QModelIndex> openedRows() const;
 
     QModelIndex mapToSource(const QModelIndex& proxyIndex) const override;
@@ -70,8 +70,6 @@ private:
         // order. Otherwise every row, as the scene model has them.
         bool narrowed = false;
         std::vector<int> rows;
-        // Left folded when the filter is applied (see SceneSearch::Row).
-        bool folded = false;
         // The listings of the rows it shows, by proxy row, as they are made:
         // a view asks for them once per row it lays out.
         std::vector<Listing*> under;

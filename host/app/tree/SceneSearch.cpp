@@ -99,6 +99,7 @@ struct Frame
     SoField* field;
     int entry;
     int next;
+    // A node by its name or type; a field by its own name or type.
     bool matched;
     // A field's nodes, or a node's children shown as rows of their own.
     int count;
@@ -182,9 +183,10 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
                     Row entry;
                     entry.parent = top.entry;
                     entry.row = row;
-                    entry.folded = std::binary_search(matching.begin(), matching.end(), row);
                     result.rows.push_back(std::move(entry));
-                    stack.push_back({top.node, field, int(result.rows.size()) - 1, 0, false, held, nullptr});
+                    stack.push_back({top.node, field, int(result.rows.size()) - 1, 0,
+                                     std::binary_search(matching.begin(), matching.end(), row), held,
+                                     nullptr});
                 }
                 continue;
             }
@@ -199,6 +201,12 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         }
         const Frame done = stack.back();
         stack.pop_back();
+        if (done.field && done.matched) {
+            // Matched by its own name: kept whole, its row among its node's
+            // already. What matched inside it was counted on the way.
+            result.rows.resize(size_t(done.entry));
+            continue;
+        }
         Row& entry = result.rows[size_t(done.entry)];
         const bool kept = !entry.keptRows.empty() || done.matched;
         if (!done.field && done.node->getRefCount() > 1) {

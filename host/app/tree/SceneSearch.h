@@ -32,17 +32,14 @@ public:
         int row = 0;
         // Something inside it matched: only the rows below are shown, and it
         // is opened to show them. A row that matched by itself alone keeps
-        // all of its rows, folded.
+        // all of its rows, folded; so does a field that matched by its own
+        // name, whatever the nodes it holds matched. The field is what the
+        // text named, and its nodes are one click away: opening each would
+        // put a node between every two fields found, a scene of shapes twice
+        // as long to read, and tens of thousands of rows more to lay out.
         bool narrowed = false;
         // With narrowed, its rows that stay, in increasing order.
         std::vector<int> keptRows;
-        // A field row that matched by its own name and holds a node that
-        // matched too: it is shown, and so is what it holds when it is
-        // opened, but it is not opened, nor is anything below it. The field
-        // is what the text named; opening each would put the node under it
-        // between every two fields found, a scene of shapes twice as long
-        // to read.
-        bool folded = false;
     };
 
     struct Result

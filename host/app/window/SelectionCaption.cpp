@@ -9,6 +9,7 @@
 
 #include <QDockWidget>
 #include <QResizeEvent>
+#include <QShowEvent>
 #include <QStringList>
 #include <QVBoxLayout>
 
@@ -111,7 +112,15 @@ void SelectionCaption::resizeEvent(QResizeEvent* event)
     fitHeight();
 }
 
+void SelectionCaption::showEvent(QShowEvent* event)
+{
+    QLabel::showEvent(event);
+    fitHeight();
+}
+
 void SelectionCaption::fitHeight()
 {
+    if (!isVisible())
+        return;
     setMinimumHeight(std::min(heightForWidth(width()), maximumHeight()));
 }

@@ -36,11 +36,13 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     // The main window's docks know nothing of a height that follows the
     // width: the caption asks for the height its wrapped text takes at the
-    // width it has, so that no line of it is cut.
+    // width it has, so that no line of it is cut. Laying rich text out is
+    // not free: a hidden caption waits until it shows.
     void fitHeight();
 
     QDockWidget* m_dock = nullptr;

@@ -1,9 +1,9 @@
 // The shape of kalhost's window with the real plug-in: a 3D view that keeps
 // its size whatever is selected, a window that fits its screen and comes
 // back as it was left, editors that sit together at the top of their dock,
-// a list editor with room for its rows beside a tree that keeps its own, a
-// console whose buttons are all in sight, and a caption and status bar that
-// say what is selected and what happened, no line of it cut.
+// a console whose buttons are all in sight, and a caption and status bar
+// that say what is selected and what happened. The room each gets in the
+// column is tst_HostColumnRoom's.
 #include "HostWindowTesting.h"
 
 #include <KalHostWindow.h>
@@ -26,7 +26,6 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
-#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTreeView>
 #include <QtTest>
@@ -52,19 +51,12 @@ private slots:
     void resetLayoutReturnsToTheDefault();
     void editorsSitTogetherAtTheTopOfTheirDock();
     void componentCaptionsAreNotCut();
-    void aListEditorHasRoomBesideTheTree();
-    void aDrivenFieldsCaptionIsNotCut();
     void consoleButtonsAreAllInSight();
     void captionAndStatusBarSayWhatIsSelected();
     void statusBarReportsOpenSaveAndThePlugin();
 
 private:
     void settle();
-    // The window at the size it opens with on a 1280x800 screen, the
-    // default layout applied, whatever screen the test runs on.
-    void atDefaultSize();
-    // Rows of the scene tree that fit in its viewport, whole.
-    int wholeTreeRows() const;
     QDockWidget* dock(const char* name) const;
     QWidget* centre() const;
     void clickRow(const QModelIndex& index);
@@ -418,73 +410,6 @@ void tst_HostLayout::componentCaptionsAreNotCut()
                                     .arg(caption->contentsRect().height())));
         }
     }
-}
-
-void tst_HostLayout::atDefaultSize()
-{
-    QMainWindow* window = m_host->window();
-    const QSize size(1280 - 24, 800 - 64);
-    // The main window is the shell's and has held earlier windows of this
-    // test, in other shapes.
-    window->resize(size);
-    settle();
-    m_host->arrangeDocks();
-    settle();
-    QCOMPARE(window->size(), size);
-}
-
-int tst_HostLayout::wholeTreeRows() const
-{
-    QTreeView* tree = m_host->tree();
-    const QModelIndex first = tree->indexAt(QPoint(4, 4));
-    const int rowHeight = first.isValid() ? tree->visualRect(first).height() : 0;
-    return rowHeight > 0 ? tree->viewport()->height() / rowHeight : 0;
-}
-
-void tst_HostLayout::aListEditorHasRoomBesideTheTree()
-{
-    atDefaultSize();
-    QVERIFY(wholeTreeRows() >= 8);
-    const int view = centre()->width();
-    // Eight points, one per table row.
-    QVERIFY(m_host->select(QStringLiteral("PedestalCoordinates.point")));
-    settle();
-    QDockWidget* editorDock = dock("KalFieldEditorDock");
-    QVERIFY(!editorDock->isHidden());
-    auto* table = editorDock->findChild<QTableWidget*>(QStringLiteral("m_table"));
-    QVERIFY(table);
-    QCOMPARE(table->rowCount(), 8);
-    int whole = 0;
-    for (int row = 0; row < table->rowCount(); ++row) {
-        const QRect cell = table->visualRect(table->model()->index(row, 0));
-        if (!cell.isEmpty() && table->viewport()->rect().contains(cell))
-            ++whole;
-    }
-    QVERIFY2(whole >= 6, qPrintable(QStringLiteral("%1 whole rows in a %2 px table, the tree %3 px")
-                                        .arg(whole)
-                                        .arg(table->viewport()->height())
-                                        .arg(dock("SceneTreeDock")->height())));
-    // The tree keeps a screenful to choose from, and the view its width.
-    QVERIFY2(wholeTreeRows() >= 8, qPrintable(QString::number(wholeTreeRows())));
-    QCOMPARE(centre()->width(), view);
-}
-
-void tst_HostLayout::aDrivenFieldsCaptionIsNotCut()
-{
-    atDefaultSize();
-    auto* caption = m_host->window()->findChild<QLabel*>(QStringLiteral("SelectionCaption"));
-    QVERIFY(caption);
-    // The label's translation, driven by an engine: its path and the note
-    // on what drives it.
-    QVERIFY(m_host->select(QStringLiteral("/5/1.translation")));
-    settle();
-    QVERIFY2(caption->text().contains(QStringLiteral("overwritten")), qPrintable(caption->text()));
-    QVERIFY2(caption->height() >= caption->heightForWidth(caption->width()),
-             qPrintable(QStringLiteral("%1 px of the %2 its text needs at %3 px wide")
-                            .arg(caption->height())
-                            .arg(caption->heightForWidth(caption->width()))
-                            .arg(caption->width())));
-    QVERIFY2(wholeTreeRows() >= 8, qPrintable(QString::number(wholeTreeRows())));
 }
 
 void tst_HostLayout::consoleButtonsAreAllInSight()

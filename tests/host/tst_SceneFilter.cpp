@@ -1,6 +1,7 @@
 // The filter box above the host's scene tree: typed names, types and field
 // names show their rows with their ancestors over the whole scene, however
 // deep. Selecting through the filtered tree is tst_SceneFilterSelection's.
+#include "MarksScene.h"
 #include "SceneFilterFixture.h"
 
 #include <KalHostWindow.h>
@@ -42,6 +43,9 @@ private slots:
     void rowsNoViewHasAskedForAreFound();
     void noMatchShowsNoRows();
     void aMatchedNodeOpensToAllItsRows();
+    void aFieldFoundByItsNameStaysFolded_data();
+    void aFieldFoundByItsNameStaysFolded();
+    void unknownNodesAreFoundByTheNameTheTreeShows();
     void valuesFollowTheirFieldsWhileFiltered();
     void filteredRowsFormAConsistentModel();
     void aNewSceneIsFilteredByTheSameText();
@@ -150,6 +154,93 @@ void tst_SceneFilter::aMatchedNodeOpensToAllItsRows()
     QCOMPARE(rows.size(), 3 + m_host->sceneModel()->rowCount(row(QStringLiteral("Gold"))));
     clickRow(row(QStringLiteral("Gold.transparency")));
     QCOMPARE(m_host->tree()->currentIndex(), row(QStringLiteral("Gold.transparency")));
+}
+
+void tst_SceneFilter::aFieldFoundByItsNameStaysFolded_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("shown");
+    QTest::addColumn<int>("matches");
+    // The rows the person then opens, and what the tree shows after.
+    QTest::addColumn<QStringList>("open");
+    QTest::addColumn<QStringList>("opened");
+    // The field that holds the node matched by its name: it is shown
+    // folded, the node it holds one click away.
+    QTest::newRow("field and node by type")
+        << "VertexProperty" << QStringList{"Separator", "Mesh", "vertexProperty"} << 2
+        << QStringList{"vertexProperty"} << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"};
+    // What matched inside it is counted, and found when the field is
+    // opened, in a node kept whole.
+    QTest::newRow("field, node and the node's field")
+        << "vertex" << QStringList{"Separator", "Mesh", "vertexProperty"} << 3
+        << QStringList{"vertexProperty"} << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"};
+    // A field that did not match itself opens to what it holds.
+    QTest::newRow("the node alone") << "Corners"
+                                    << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"} << 1
+                                    << QStringList{}
+                                    << QStringList{"Separator", "Mesh", "vertexProperty", "Corners"};
+}
+
+void tst_SceneFilter::aFieldFoundByItsNameStaysFolded()
+{
+    QFETCH(QString, text);
+    QFETCH(QStringList, shown);
+    QFETCH(int, matches);
+    QFETCH(QStringList, open);
+    QFETCH(QStringList, opened);
+    const QString path = m_dir.filePath(QStringLiteral("held.iv"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(
+        "#Inventor V2.1 ascii\nSeparator { DEF Mesh PointSet { vertexProperty DEF Corners VertexProperty "
+        "{ vertex [ 0 0 0, 1 0 0 ] normal [ 0 0 1 ] } } }\n");
+    file.close();
+    QVERIFY(m_host->openScene(path));
+
+    typeFilter(text);
+    QTRY_COMPARE(shownRows(), shown);
+    QCOMPARE(box()->matchCount(), matches);
+    QTreeView* tree = shownTree();
+    for (const QString& name : open) {
+        QModelIndex at = tree->model()->index(0, 0);
+        while (at.isValid() && at.data().toString() != name)
+            at = tree->indexBelow(at);
+        QVERIFY2(at.isValid(), qPrintable(name));
+        QVERIFY(!tree->isExpanded(at));
+        // By the keyboard, as a person opens a row.
+        tree->setCurrentIndex(at);
+        QTest::keyClick(tree, Qt::Key_Right);
+    }
+    QCOMPARE(shownRows(), opened);
+    // The node under the field is kept whole: every row the scene has.
+    const QModelIndex corners = SceneFilterFixture::shown(row(QStringLiteral("Corners")));
+    QVERIFY(corners.isValid());
+    QVERIFY(!tree->isExpanded(corners));
+    QCOMPARE(tree->model()->rowCount(corners),
+             m_host->sceneModel()->rowCount(row(QStringLiteral("Corners"))));
+}
+
+void tst_SceneFilter::unknownNodesAreFoundByTheNameTheTreeShows()
+{
+    const QString path = m_dir.filePath(QStringLiteral("marks.iv"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(MarksScene::kText);
+    file.close();
+    QVERIFY(m_host->openScene(path));
+
+    // Both nodes of the file's own type: one by that name and its type, the
+    // other, without a name, by its type alone.
+    typeFilter(QStringLiteral("mynode"));
+    QTRY_COMPARE(shownRows(), (QStringList{"Separator", "MyNode", "Named"}));
+    QCOMPARE(box()->matchCount(), 2);
+    QCOMPARE(shown(row(QStringLiteral("Named"))).siblingAtColumn(SceneModel::TypeColumn).data().toString(),
+             QStringLiteral("MyNode"));
+
+    // What the tree never shows finds nothing.
+    typeFilter(QStringLiteral("UnknownNode"));
+    QTRY_VERIFY(shownRows().isEmpty());
+    QCOMPARE(box()->matchCount(), 0);
 }
 
 void tst_SceneFilter::valuesFollowTheirFieldsWhileFiltered()

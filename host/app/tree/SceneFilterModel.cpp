@@ -31,11 +31,9 @@ SceneFilterModel::~SceneFilterModel() = default;
 
 void SceneFilterModel::forget()
 {
-    m_byParent.clear();
     m_listings.clear();
     m_listings.emplace_back();
     m_listings.back().narrowed = true;
-    m_byParent.emplace(nullptr, &m_listings.back());
 }
 
 void SceneFilterModel::clear()
@@ -71,7 +69,6 @@ void SceneFilterModel::setFound(SceneSearch::Result found)
         listing.rows = std::move(entry.keptRows);
         m_listings.push_back(std::move(listing));
         listings[i] = &m_listings.back();
-        m_byParent[listings[i]->sourceParent.internalPointer()] = listings[i];
         if (listings[i]->proxyRow >= 0)
             slotUnder(holder, listings[i]->proxyRow) = listings[i];
     }
@@ -118,7 +115,6 @@ QModelIndex SceneFilterModel::reveal(const QModelIndex& sourceIndex)
         listing.rows.push_back(path[level + 1].row());
         m_listings.push_back(std::move(listing));
         Listing* made = &m_listings.back();
-        m_byParent[path[level].internalPointer()] = made;
         if (above)
             above->under.assign(1, made);
         else
@@ -156,10 +152,24 @@ std::vector<QModelIndex> SceneFilterModel::openedRows() const
     return rows;
 }
 
-SceneFilterModel::Listing* SceneFilterModel::listingOf(const QModelIndex& sourceParent) const
+SceneFilterModel::Listing* SceneFilterModel::listingOf(const QModelIndex& sourceParent, bool make) const
 {
-    const auto found = m_byParent.find(sourceParent.internalPointer());
-    return found == m_byParent.end() ? nullptr : found->second;
+    // The way down from the top, without recursing: scenes go tens of
+    // thousands of levels deep.
+    std::vector<QModelIndex> path;
+    for (QModelIndex row = sourceParent.siblingAtColumn(0); row.isValid(); row = row.parent())
+        path.push_back(row);
+    Listing* holder = &m_listings.front();
+    for (auto row = path.rbegin(); holder && row != path.rend(); ++row) {
+        const int proxyRow = proxyRowOf(holder, row->row());
+        if (proxyRow < 0)
+            return nullptr;
+        if (make)
+            holder = listingUnder(holder, proxyRow);
+        else
+            holder = size_t(proxyRow) < holder->under.size() ? holder->under[size_t(proxyRow)] : nullptr;
+    }
+    return holder;
 }
 
 SceneFilterModel::Listing*& SceneFilterModel::slotUnder(Listing* holder, int proxyRow) const
@@ -186,7 +196,6 @@ SceneFilterModel::Listing* SceneFilterModel::listingUnder(Listing* holder, int p
     listing.proxyRow = proxyRow;
     m_listings.push_back(std::move(listing));
     slot = &m_listings.back();
-    m_byParent.emplace(sourceParent.internalPointer(), slot);
     return slot;
 }
 
@@ -216,34 +225,11 @@ QModelIndex SceneFilterModel::mapFromSource(const QModelIndex& sourceIndex) cons
 {
     if (!sourceIndex.isValid() || sourceIndex.model() != m_scene)
         return QModelIndex();
-    // Up to the nearest row whose parent has a listing already (the top
-    // always has one), without recursing: scenes go tens of thousands of
-    // levels deep.
-    std::vector<QModelIndex> below;
-    QModelIndex row = sourceIndex.siblingAtColumn(0);
-    Listing* holder = nullptr;
-    for (;;) {
-        const QModelIndex up = row.parent();
-        holder = listingOf(up);
-        if (holder)
-            break;
-        below.push_back(row);
-        row = up;
-    }
-    // Down again: each row on the way must be shown, and the listing under
-    // it is made as a view would make it.
-    for (;;) {
-        const int proxyRow = proxyRowOf(holder, row.row());
-        if (proxyRow < 0)
-            return QModelIndex();
-        if (below.empty())
-            return createIndex(proxyRow, sourceIndex.column(), holder);
-        holder = listingUnder(holder, proxyRow);
-        if (!holder)
-            return QModelIndex();
-        row = below.back();
-        below.pop_back();
-    }
+    // Each row on the way must be shown, and the listing under it is made
+    // as a view would make it.
+    Listing* holder = listingOf(sourceIndex.parent(), true);
+    const int proxyRow = holder ? proxyRowOf(holder, sourceIndex.row()) : -1;
+    return proxyRow < 0 ? QModelIndex() : createIndex(proxyRow, sourceIndex.column(), holder);
 }
 
 QModelIndex SceneFilterModel::index(int row, int column, const QModelIndex& parent) const
@@ -291,6 +277,11 @@ int SceneFilterModel::rowCount(const QModelIndex& parent) const
     return m_scene->rowCount(mapToSource(parent));
 }
 
+Qt::ItemFlags SceneFilterModel::flags(const QModelIndex& index) const
+{
+    return index.isValid() && index.model() == this ? SceneModel::rowFlags() : Qt::NoItemFlags;
+}
+
 int SceneFilterModel::columnCount(const QModelIndex&) const
 {
     return SceneModel::ColumnCount;
@@ -312,7 +303,7 @@ void SceneFilterModel::sourceDataChanged(const QModelIndex& topLeft, const QMode
 {
     // A row no view has asked for has no listing above it, and nothing to
     // repaint.
-    const Listing* holder = listingOf(topLeft.parent());
+    const Listing* holder = listingOf(topLeft.parent(), false);
     if (!holder)
         return;
     const int first = proxyRowOf(holder, topLeft.row());

@@ -5,7 +5,6 @@
 #include <QAbstractProxyModel>
 
 #include <deque>
-#include <unordered_map>
 #include <vector>
 
 class SceneModel;
@@ -49,6 +48,9 @@ public:
     QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& child) const override;
     QModelIndex sibling(int row, int column, const QModelIndex& index) const override;
+    // Those of the scene model, without mapping the row: a view asks them
+    // of every row it opens, several times.
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;
@@ -75,7 +77,10 @@ private:
 
     void forget();
     QModelIndex proxyIndexOf(const Listing* listing) const;
-    Listing* listingOf(const QModelIndex& sourceParent) const;
+    // The listing of the rows shown under a row of the scene model, found
+    // from the top down; null if the filter left a row on the way out, or,
+    // unless make is set, if no view has opened one.
+    Listing* listingOf(const QModelIndex& sourceParent, bool make) const;
     // Where the listing of a shown row is kept; null until one is made.
     Listing*& slotUnder(Listing* holder, int proxyRow) const;
     // The listing of the rows under a shown row, made if no one asked yet.
@@ -88,7 +93,7 @@ private:
                            const QVector<int>& roles);
 
     SceneModel* m_scene;
+    // The top's first. A listing is found through those above it rather
+    // than by a table of every listing: tens of thousands are made at once.
     mutable std::deque<Listing> m_listings;
-    // Keyed by the scene model row's internal pointer; the top's is null.
-    mutable std::unordered_map<const void*, Listing*> m_byParent;
 };

@@ -65,6 +65,9 @@ struct SceneModel::Item
     // A node held by a field is referenced by its row: a new value may drop
     // the field's last reference to it before the row is gone.
     bool holdsReference = false;
+    // A field row of an SFNode or MFNode: only those have rows under them,
+    // and a view asks every field row it lays out.
+    bool holdsNodes = false;
     // Made on demand; a null entry is a row no view has asked for yet.
     std::vector<std::unique_ptr<Item>> children;
     bool sized = false;
@@ -192,7 +195,7 @@ SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
         parent->sized = true;
         if (parent == m_top.get())
             parent->children.resize(m_root ? 1 : 0);
-        else if (parent->field)
+        else if (parent->holdsNodes)
             parent->children.resize(size_t(SceneRows::heldCount(parent->field)));
         else if (parent->node)
             parent->children.resize(size_t(SceneRows::count(parent->node)));
@@ -213,6 +216,7 @@ SceneModel::Item* SceneModel::childOf(Item* parent, int row) const
                 slot->node->ref();
         } else {
             slot->field = SceneRows::fieldAt(parent->node, row);
+            slot->holdsNodes = SceneRows::holdsNodes(slot->field);
             if (slot->field)
                 m_fieldRows.insert(slot->field, slot.get());
             else
@@ -285,8 +289,18 @@ int SceneModel::rowCount(const QModelIndex& parent) const
     if (item == m_top.get())
         return m_root ? 1 : 0;
     if (item->field)
-        return SceneRows::heldCount(item->field);
+        return item->holdsNodes ? SceneRows::heldCount(item->field) : 0;
     return SceneRows::count(item->node);
+}
+
+Qt::ItemFlags SceneModel::rowFlags()
+{
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+}
+
+Qt::ItemFlags SceneModel::flags(const QModelIndex& index) const
+{
+    return index.isValid() ? rowFlags() : Qt::NoItemFlags;
 }
 
 int SceneModel::columnCount(const QModelIndex&) const

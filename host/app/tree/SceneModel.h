@@ -51,8 +51,12 @@ public:
     QModelIndex nodeIndex(const std::vector<int>& childPlaces) const;
     QModelIndex fieldIndex(const QModelIndex& nodeRow, SoField* field) const;
 
+    // Every row is selected and none is edited in place.
+    static Qt::ItemFlags rowFlags();
+
     QModelIndex index(int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& child) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     bool hasChildren(const QModelIndex& parent = QModelIndex()) const override;

@@ -1,5 +1,6 @@
 #include "SceneSearch.h"
 
+#include "FieldMarks.h"
 #include "SceneRows.h"
 
 #include <Inventor/SbName.h>
@@ -22,6 +23,7 @@ class Matcher
 public:
     explicit Matcher(const QString& text)
         : m_text(text)
+        , m_unknown(SoType::fromName("UnknownNode"))
     {}
 
     bool nodeMatches(SoNode* node)
@@ -35,6 +37,10 @@ public:
                 return true;
         }
         const SoType type = node->getTypeId();
+        // A node of a type Coin did not know goes by the name its file gave
+        // it, each its own, as the tree shows it.
+        if (type == m_unknown)
+            return holds(FieldMarks::typeName(node));
         auto known = m_types.find(type.getKey());
         if (known == m_types.end())
             known = m_types.emplace(type.getKey(), holds(QLatin1String(type.getName().getString()))).first;
@@ -52,6 +58,7 @@ private:
     bool holds(QLatin1String text) const { return text.contains(m_text, Qt::CaseInsensitive); }
 
     QString m_text;
+    SoType m_unknown;
     std::unordered_map<const char*, bool> m_names;
     std::unordered_map<int, bool> m_types;
     struct Fields
@@ -83,14 +90,21 @@ private:
 
 // A node or a field that holds nodes, on the way down, with its entry among
 // the rows. A node goes through its node-holding fields first, then its
-// children; a field through the nodes it holds.
+// children; a field through the nodes it holds. How many there are is asked
+// of Coin once per frame rather than once per step: asking a node what its
+// children are takes a few type checks, and a group has thousands.
 struct Frame
 {
     SoNode* node;
     SoField* field;
     int entry;
     int next;
+    // A node by its name or type; a field by its own name or type.
     bool matched;
+    // A field's nodes, or a node's children shown as rows of their own.
+    int count;
+    // A node's fields that hold nodes.
+    const std::vector<int>* holding;
 };
 
 // What the walk knows of a node that may be met again: only a node with
@@ -144,35 +158,40 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         entry.keptRows = matcher.fieldMatches(node);
         result.matches += int(matched) + int(entry.keptRows.size());
         result.rows.push_back(std::move(entry));
-        stack.push_back({node, nullptr, int(result.rows.size()) - 1, 0, matched});
+        stack.push_back({node, nullptr, int(result.rows.size()) - 1, 0, matched, SceneRows::childCount(node),
+                         &matcher.nodeFields(node)});
     };
 
     enter(root, -1, 0);
     while (!stack.empty()) {
         Frame& top = stack.back();
         if (top.field) {
-            if (top.next < SceneRows::heldCount(top.field)) {
+            if (top.next < top.count) {
                 const int row = top.next++;
                 if (SoNode* held = SceneRows::heldAt(top.field, row))
                     enter(held, top.entry, row);
                 continue;
             }
         } else {
-            const std::vector<int>& holding = matcher.nodeFields(top.node);
+            const std::vector<int>& holding = *top.holding;
             if (top.next < int(holding.size())) {
                 const int row = holding[size_t(top.next++)];
                 SoField* field = SceneRows::fieldAt(top.node, row);
-                if (SceneRows::heldCount(field) > 0) {
+                const int held = SceneRows::heldCount(field);
+                if (held > 0) {
+                    const std::vector<int>& matching = matcher.fieldMatches(top.node);
                     Row entry;
                     entry.parent = top.entry;
                     entry.row = row;
                     result.rows.push_back(std::move(entry));
-                    stack.push_back({top.node, field, int(result.rows.size()) - 1, 0, false});
+                    stack.push_back({top.node, field, int(result.rows.size()) - 1, 0,
+                                     std::binary_search(matching.begin(), matching.end(), row), held,
+                                     nullptr});
                 }
                 continue;
             }
             const int place = top.next - int(holding.size());
-            if (place < SceneRows::childCount(top.node)) {
+            if (place < top.count) {
                 ++top.next;
                 const int parent = top.entry;
                 const int row = SceneRows::rowOfChild(top.node, place);
@@ -182,6 +201,12 @@ SceneSearch::Result SceneSearch::run(SoNode* root, const QString& text)
         }
         const Frame done = stack.back();
         stack.pop_back();
+        if (done.field && done.matched) {
+            // Matched by its own name: kept whole, its row among its node's
+            // already. What matched inside it was counted on the way.
+            result.rows.resize(size_t(done.entry));
+            continue;
+        }
         Row& entry = result.rows[size_t(done.entry)];
         const bool kept = !entry.keptRows.empty() || done.matched;
         if (!done.field && done.node->getRefCount() > 1) {

@@ -32,7 +32,11 @@ public:
         int row = 0;
         // Something inside it matched: only the rows below are shown, and it
         // is opened to show them. A row that matched by itself alone keeps
-        // all of its rows, folded.
+        // all of its rows, folded; so does a field that matched by its own
+        // name, whatever the nodes it holds matched. The field is what the
+        // text named, and its nodes are one click away: opening each would
+        // put a node between every two fields found, a scene of shapes twice
+        // as long to read, and tens of thousands of rows more to lay out.
         bool narrowed = false;
         // With narrowed, its rows that stay, in increasing order.
         std::vector<int> keptRows;

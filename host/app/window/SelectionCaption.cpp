@@ -8,8 +8,12 @@
 #include <Inventor/nodes/SoNode.h>
 
 #include <QDockWidget>
+#include <QResizeEvent>
+#include <QShowEvent>
 #include <QStringList>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 SelectionCaption::SelectionCaption(QWidget* parent)
     : QLabel(parent)
@@ -86,6 +90,7 @@ void SelectionCaption::showRow(const QModelIndex& row, bool fieldRow)
         m_plain = tr("Nothing selected");
         setText(tr("<i>Nothing selected.</i> Choose a field in the scene tree to edit it."));
         setToolTip(QString());
+        fitHeight();
         return;
     }
     const QString path = pathOf(row);
@@ -98,4 +103,24 @@ void SelectionCaption::showRow(const QModelIndex& row, bool fieldRow)
         text += QStringLiteral("<br><span style=\"color:#a05000\">%1</span>").arg(driven.toHtmlEscaped());
     setText(text);
     setToolTip(driven.isEmpty() ? m_plain : m_plain + QLatin1Char('\n') + driven);
+    fitHeight();
+}
+
+void SelectionCaption::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    fitHeight();
+}
+
+void SelectionCaption::showEvent(QShowEvent* event)
+{
+    QLabel::showEvent(event);
+    fitHeight();
+}
+
+void SelectionCaption::fitHeight()
+{
+    if (!isVisible())
+        return;
+    setMinimumHeight(std::min(heightForWidth(width()), maximumHeight()));
 }

@@ -34,7 +34,17 @@ public:
     // The type name shown in the tree's type column.
     static QString typeOf(const QModelIndex& row);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
 private:
+    // The main window's docks know nothing of a height that follows the
+    // width: the caption asks for the height its wrapped text takes at the
+    // width it has, so that no line of it is cut. Laying rich text out is
+    // not free: a hidden caption waits until it shows.
+    void fitHeight();
+
     QDockWidget* m_dock = nullptr;
     NodeSummary* m_summary;
     QString m_plain;

@@ -3,10 +3,16 @@
 #include <QDockWidget>
 #include <QGuiApplication>
 #include <QHash>
+#include <QHeaderView>
+#include <QLayout>
 #include <QMainWindow>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
+#include <QTableView>
+#include <QTimer>
 #include <QToolBar>
+#include <QTreeView>
 
 #include <algorithm>
 
@@ -33,7 +39,12 @@ WindowLayout::WindowLayout(QMainWindow* window, QDockWidget* tree, QDockWidget* 
     , m_tree(tree)
     , m_caption(caption)
     , m_history(history)
-{}
+{
+    // The column runs the window's whole height and the strip below stays
+    // under the view: at 1280x800 a tree, a caption and a list editor need
+    // more height than the view's.
+    m_window->setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+}
 
 void WindowLayout::fitToScreen()
 {
@@ -86,6 +97,74 @@ void WindowLayout::arrange()
 {
     applySizes();
     m_defaultState = m_window->saveState(kStateVersion);
+    watchEditorDocks();
+}
+
+void WindowLayout::watchEditorDocks()
+{
+    for (QWidget* bar : pluginBars()) {
+        auto* dock = qobject_cast<QDockWidget*>(bar);
+        if (!dock || m_watched.contains(dock))
+            continue;
+        m_watched.insert(dock);
+        connect(dock, &QObject::destroyed, this, [this, dock] { m_watched.remove(dock); });
+        // Once the dock has laid its editor out: only then does its table
+        // know how many rows it shows.
+        connect(dock, &QDockWidget::visibilityChanged, this, [this, dock](bool visible) {
+            if (visible)
+                QTimer::singleShot(0, this, [this, dock = QPointer<QDockWidget>(dock)] {
+                    if (dock)
+                        giveEditorRoom(dock);
+                });
+        });
+    }
+}
+
+int WindowLayout::wantedHeight(QDockWidget* editor)
+{
+    QWidget* widget = editor->widget();
+    if (!widget)
+        return 0;
+    const int frame = editor->height() - widget->height();
+    int wanted = frame + widget->sizeHint().height();
+    // A list is read in its table: room for a few rows of it, whatever
+    // the editor's own hint says.
+    for (QTableView* table : widget->findChildren<QTableView*>()) {
+        if (!table->isVisible())
+            continue;
+        const int rows = kEditorTableRows * table->verticalHeader()->defaultSectionSize();
+        wanted = std::max(wanted, editor->height() + rows - table->viewport()->height());
+    }
+    return wanted;
+}
+
+int WindowLayout::treeFloor() const
+{
+    for (QTreeView* tree : m_tree->findChildren<QTreeView*>()) {
+        if (!tree->isVisible())
+            continue;
+        // QTreeView hides its measure; the base class offers it to all.
+        const QAbstractItemView* view = tree;
+        const int row = std::max(view->sizeHintForRow(0), tree->fontMetrics().height());
+        return m_tree->height() - tree->viewport()->height() + kTreeRows * row;
+    }
+    return m_tree->height();
+}
+
+void WindowLayout::giveEditorRoom(QDockWidget* editor)
+{
+    const auto inColumn = [this](QDockWidget* dock) {
+        return dock && !dock->isHidden() && !dock->isFloating() &&
+               m_window->dockWidgetArea(dock) == Qt::RightDockWidgetArea;
+    };
+    if (!inColumn(editor) || !inColumn(m_tree))
+        return;
+    m_window->layout()->activate();
+    const int taken = std::min(wantedHeight(editor) - editor->height(), m_tree->height() - treeFloor());
+    if (taken <= 0)
+        return;
+    m_window->resizeDocks({m_tree, editor}, {m_tree->height() - taken, editor->height() + taken},
+                          Qt::Vertical);
 }
 
 int WindowLayout::columnWidth(int windowWidth) const
@@ -117,7 +196,7 @@ void WindowLayout::applySizes()
     if (m_history && bottom.contains(m_history) && bottom.size() > 1) {
         // The history's entries are short; the console's lines are long.
         QVector<int> widths;
-        const int rest = (m_window->width() - kHistoryWidth) / (bottom.size() - 1);
+        const int rest = (m_window->width() - column - kHistoryWidth) / (bottom.size() - 1);
         for (QDockWidget* dock : bottom)
             widths << (dock == m_history ? kHistoryWidth : rest);
         m_window->resizeDocks(bottom, widths.toList(), Qt::Horizontal);

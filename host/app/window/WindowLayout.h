@@ -4,15 +4,17 @@
 #include <QHash>
 #include <QList>
 #include <QObject>
+#include <QSet>
 
 class QDockWidget;
 class QMainWindow;
 
 // Where the window's docks go and how big the window is: one column beside
-// the 3D view holds the scene tree, the selection caption and the editor
-// docks, at a stable width (so that showing or hiding an editor never
-// resizes the view) that leaves the view at least half the window; the
-// history and the console share a strip below. The window fits the screen
+// the 3D view, from the top of the window to its bottom, holds the scene
+// tree, the selection caption and the editor docks, at a stable width (so
+// that showing or hiding an editor never resizes the view) that leaves the
+// view at least half the window; the history and the console share a strip
+// below the view. The window fits the screen
 // it opens on; its shape is saved between runs and can be reset.
 class WindowLayout : public QObject
 {
@@ -42,8 +44,9 @@ public:
     void noteEditorWidth(int width);
 
     // States saved while the tree had a column of its own, left of the
-    // view, are not restored.
-    static constexpr int kStateVersion = 2;
+    // view, or while the strip below ran under the column too, are not
+    // restored.
+    static constexpr int kStateVersion = 3;
     // The column's width on a screen wide enough for it.
     static constexpr int kColumnWidth = 460;
     // The tree's share of the column's height, in percent.
@@ -51,6 +54,11 @@ public:
     static constexpr int kConsoleHeight = 150;
     static constexpr int kHistoryWidth = 320;
     static constexpr int kScreenSharePercent = 80;
+    // An editor shown in the column is given the height it asks for, and
+    // one with a table room for this many of its rows, taken from the tree
+    // as long as the tree keeps kTreeRows rows in sight.
+    static constexpr int kEditorTableRows = 6;
+    static constexpr int kTreeRows = 8;
 
 private:
     // The column's width for a window this wide, once the widest editor is
@@ -63,6 +71,12 @@ private:
     QHash<QWidget*, bool> pluginVisibility() const;
     static void setVisibility(const QHash<QWidget*, bool>& shown);
     void applySizes();
+    // Each editor dock of the column, watched once for being shown.
+    void watchEditorDocks();
+    void giveEditorRoom(QDockWidget* editor);
+    // The height the editor dock asks for; the least the tree dock needs.
+    static int wantedHeight(QDockWidget* editor);
+    int treeFloor() const;
 
     QMainWindow* m_window;
     QDockWidget* m_tree;
@@ -70,4 +84,5 @@ private:
     QDockWidget* m_history;
     QByteArray m_defaultState;
     int m_editorWidth = 0;
+    QSet<QDockWidget*> m_watched;
 };

@@ -88,6 +88,7 @@ ViewPicker::~ViewPicker()
 SoNode* ViewPicker::frame(SoNode* root)
 {
     outline(nullptr);
+    m_sceneDrawn = false;
     m_sensor->detach();
     if (m_scene)
         m_frame->removeChild(m_scene);
@@ -97,6 +98,12 @@ SoNode* ViewPicker::frame(SoNode* root)
         m_sensor->attach(m_scene);
     }
     return m_frame;
+}
+
+void ViewPicker::setSceneDrawn(bool drawn)
+{
+    m_sceneDrawn = drawn;
+    followSelection();
 }
 
 void ViewPicker::letGoOfScene()
@@ -252,7 +259,7 @@ SoPath* ViewPicker::pathOf(const QModelIndex& row) const
 void ViewPicker::followSelection()
 {
     const QModelIndex row = TreeSelection::selectedRow(m_tree->selectionModel());
-    if (!row.isValid() || !m_scene || m_scene != m_model->root()) {
+    if (!row.isValid() || !m_scene || m_scene != m_model->root() || !m_sceneDrawn) {
         outline(nullptr);
         return;
     }

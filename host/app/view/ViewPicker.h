@@ -45,6 +45,13 @@ public:
     // the outline. The model is given the same root.
     SoNode* frame(SoNode* root);
 
+    // Whether the view draws the scene last given to frame(); until it is
+    // said to, the selection is not outlined. Measuring a node for its
+    // outline visits what lies on its way as drawing does, once per path
+    // through shared groups: in a scene too costly to draw, selecting a
+    // group deep in it held the window for minutes.
+    void setSceneDrawn(bool drawn);
+
     // Selects the row of the object drawn at this point of the view's
     // drawing area (Qt's coordinates); false when nothing is drawn there.
     bool pickAt(const QPoint& position);
@@ -76,4 +83,5 @@ private:
     std::unique_ptr<SoNodeSensor> m_sensor;
     QPoint m_pressedAt;
     bool m_pressed = false;
+    bool m_sceneDrawn = false;
 };

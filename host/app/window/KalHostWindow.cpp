@@ -284,6 +284,7 @@ void KalHostWindow::connectSession()
         if (!m_viewer)
             return;
         m_viewer->setSceneGraph(m_viewCamera->frame(m_picker->frame(root), root));
+        m_picker->setSceneDrawn(m_viewCamera->leftOutReason().isEmpty());
         m_viewNote->setText(m_viewCamera->leftOutReason());
         m_viewNote->setVisible(!m_viewNote->text().isEmpty());
     });

@@ -4,6 +4,7 @@
 
 #include <list>
 #include <memory>
+#include <memory_resource>
 #include <unordered_set>
 #include <vector>
 
@@ -60,8 +61,11 @@ private:
     // Profiles that exist but are not listed; owned like the listed ones.
     std::list<KalProfile*> m_unlistedProfiles;
     // Every profile of both lists, so that adding one of tens of thousands
-    // does not search the lists.
-    std::unordered_set<KalProfile*> m_heldProfiles;
+    // does not search the lists. Its nodes come from a pool: from the heap
+    // one by one, tens of thousands of them scatter over more memory than the
+    // cache holds, and walking them at unload cost more than the lists did.
+    std::pmr::unsynchronized_pool_resource m_heldProfileNodes;
+    std::pmr::unordered_set<KalProfile*> m_heldProfiles{&m_heldProfileNodes};
     KalProfile* m_activeProfile = nullptr;
     KalProfile* m_defaultProfile = nullptr;
     QString m_lastError;

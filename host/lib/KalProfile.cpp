@@ -1,10 +1,7 @@
 #include "KalProfile.h"
 
-#include "KalProfileSetting.h"
-
 KalProfile::KalProfile(const SbString& name)
     : m_name(name)
-    , m_setting(std::make_unique<KalProfileSetting>())
 {}
 
 KalProfile::~KalProfile() = default;
@@ -16,5 +13,5 @@ SbString KalProfile::getName() const
 
 KalProfileSetting* KalProfile::getSetting()
 {
-    return m_setting.get();
+    return &m_setting;
 }

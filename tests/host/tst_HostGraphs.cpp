@@ -15,6 +15,7 @@
 #include <ViewPicker.h>
 
 #include <Inventor/nodes/SoGroup.h>
+#include <Inventor/nodes/SoPointSet.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QLabel>
@@ -78,6 +79,8 @@ private slots:
     void scenesThatContainThemselvesAreRefused_data();
     void scenesThatContainThemselvesAreRefused();
     void aSceneMadeToContainItselfIsNotSaved();
+    void unnamedNodesThatContainThemselvesAreSaidByPlace_data();
+    void unnamedNodesThatContainThemselvesAreSaidByPlace();
     void sharedScenesOpenCountedOnce();
     void sharedScenesAreSavedAndReadBack();
     void countsPastSixtyFourBitsStayAtTheirLimit();
@@ -185,6 +188,45 @@ void tst_HostGraphs::aSceneMadeToContainItselfIsNotSaved()
     inner->removeChild(top);
     QVERIFY2(m_host->saveScene(path), qPrintable(m_host->lastError()));
     QVERIFY(readFile(path).contains("DEF Inner"));
+}
+
+void tst_HostGraphs::unnamedNodesThatContainThemselvesAreSaidByPlace_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("said");
+    // The group at /1 made a child of the separator under it.
+    QTest::newRow("among children") << kInventor +
+                                           "Separator { Cube {} Group { Cube {} Separator { Cube {} } } }\n"
+                                    << "Group at /1";
+    // The separator a point set holds in its field made its own child.
+    QTest::newRow("held in a field") << kInventor + "Separator { Cube {} Separator { Cube {} PointSet { "
+                                                    "vertexProperty Separator { Cube {} } } } }\n"
+                                     << "Separator at /1/1.vertexProperty";
+}
+
+void tst_HostGraphs::unnamedNodesThatContainThemselvesAreSaidByPlace()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, said);
+    const QString path = write(QStringLiteral("scene.iv"), text);
+    QVERIFY2(m_host->openScene(path), qPrintable(m_host->lastError()));
+    auto* top = static_cast<SoSeparator*>(m_host->sceneModel()->root());
+    auto* outer = static_cast<SoGroup*>(top->getChild(1));
+    SoGroup* tied = nullptr;
+    if (outer->getNumChildren() > 1 && outer->getChild(1)->isOfType(SoPointSet::getClassTypeId())) {
+        auto* shape = static_cast<SoPointSet*>(outer->getChild(1));
+        tied = static_cast<SoGroup*>(shape->vertexProperty.getValue());
+        tied->addChild(tied);
+    } else {
+        tied = static_cast<SoGroup*>(outer->getChild(1));
+        tied->addChild(outer);
+    }
+    QVERIFY(!m_host->saveScene(path));
+    QVERIFY2(m_host->lastError().contains(QStringLiteral("the scene contains itself: ") + said),
+             qPrintable(m_host->lastError()));
+    QCOMPARE(readFile(path), text);
+    tied->removeChild(tied->getNumChildren() - 1);
+    QVERIFY2(m_host->saveScene(path), qPrintable(m_host->lastError()));
 }
 
 void tst_HostGraphs::sharedScenesOpenCountedOnce()

@@ -10,6 +10,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -23,30 +24,70 @@ struct Edge
     SoField* field;
 };
 
-// A node's children first, then the nodes its fields hold: the children
-// are what a traversal goes through, the fields what Coin writes nested
-// and what a kit's parts or a VRML group's children live in.
-void edgesOf(SoNode* node, std::vector<Edge>* edges, int* childCount)
+// Where the fields of one layout hold nodes. Every node of a class shares
+// its class's field data, so its fields are asked their type once per class
+// (or once per node that has fields of its own) rather than once per node.
+class NodeFieldPlaces
 {
-    edges->clear();
-    if (SoChildList* children = node->getChildren()) {
-        for (int i = 0; i < children->getLength(); ++i)
-            edges->push_back({(*children)[i], i, nullptr});
+public:
+    struct Place
+    {
+        int index;
+        bool list;
+    };
+
+    const std::vector<Place>& of(SoNode* node, const SoFieldData* fields)
+    {
+        auto known = m_places.find(fields);
+        if (known != m_places.end())
+            return known->second;
+        std::vector<Place> places;
+        for (int i = 0; i < fields->getNumFields(); ++i) {
+            SoField* field = fields->getField(node, i);
+            if (field->isOfType(SoSFNode::getClassTypeId()))
+                places.push_back({i, false});
+            else if (field->isOfType(SoMFNode::getClassTypeId()))
+                places.push_back({i, true});
+        }
+        return m_places.emplace(fields, std::move(places)).first->second;
     }
-    *childCount = int(edges->size());
-    const SoFieldData* fields = node->getFieldData();
-    for (int i = 0; fields && i < fields->getNumFields(); ++i) {
-        SoField* field = fields->getField(node, i);
-        if (field->isOfType(SoSFNode::getClassTypeId())) {
-            edges->push_back({static_cast<SoSFNode*>(field)->getValue(), 0, field});
-        } else if (field->isOfType(SoMFNode::getClassTypeId())) {
-            auto* list = static_cast<SoMFNode*>(field);
-            for (int j = 0; j < list->getNum(); ++j)
-                edges->push_back({(*list)[j], j, field});
+
+private:
+    std::unordered_map<const SoFieldData*, std::vector<Place>> m_places;
+};
+
+// Appends a node's children first, then the nodes its fields hold: the
+// children are what a traversal goes through, the fields what Coin writes
+// nested and what a kit's parts or a VRML group's children live in. The
+// edges of every node on the way down share one vector, which saves a
+// block a node.
+void appendEdgesOf(SoNode* node, NodeFieldPlaces* places, std::vector<Edge>* edges, int* childCount)
+{
+    *childCount = 0;
+    if (SoChildList* children = node->getChildren()) {
+        for (int i = 0; i < children->getLength(); ++i) {
+            if (SoNode* child = (*children)[i]) {
+                edges->push_back({child, i, nullptr});
+                ++*childCount;
+            }
         }
     }
-    edges->erase(std::remove_if(edges->begin(), edges->end(), [](const Edge& edge) { return !edge.to; }),
-                 edges->end());
+    const SoFieldData* fields = node->getFieldData();
+    if (!fields)
+        return;
+    for (const NodeFieldPlaces::Place& place : places->of(node, fields)) {
+        SoField* field = fields->getField(node, place.index);
+        if (!place.list) {
+            if (SoNode* value = static_cast<SoSFNode*>(field)->getValue())
+                edges->push_back({value, 0, field});
+            continue;
+        }
+        auto* list = static_cast<SoMFNode*>(field);
+        for (int j = 0; j < list->getNum(); ++j) {
+            if (SoNode* value = (*list)[j])
+                edges->push_back({value, j, field});
+        }
+    }
 }
 
 QString placeOf(SoNode* from, const Edge& edge)
@@ -78,25 +119,32 @@ SceneGraphSurvey::SceneGraphSurvey(SoNode* root)
         int depth = 0;
         std::uint64_t visits = 0;
     };
+    // A node on the way down, its edges at [first, end) of the shared
+    // edges, the one to follow next at next.
     struct Frame
     {
         SoNode* node;
-        std::vector<Edge> edges;
-        int childCount;
+        size_t first;
+        size_t end;
         size_t next;
+        int childCount;
     };
     QHash<SoNode*, Figures> figures;
     std::vector<Frame> pending;
-    const auto enter = [&figures, &pending](SoNode* node) {
+    std::vector<Edge> edges;
+    NodeFieldPlaces places;
+    const auto enter = [&](SoNode* node) {
         figures.insert(node, Figures());
-        pending.push_back({node, {}, 0, 0});
-        edgesOf(node, &pending.back().edges, &pending.back().childCount);
+        const size_t first = edges.size();
+        int childCount = 0;
+        appendEdgesOf(node, &places, &edges, &childCount);
+        pending.push_back({node, first, edges.size(), first, childCount});
     };
     enter(root);
     while (!pending.empty()) {
         Frame& frame = pending.back();
-        if (frame.next < frame.edges.size()) {
-            SoNode* const to = frame.edges[frame.next++].to;
+        if (frame.next < frame.end) {
+            SoNode* const to = edges[frame.next++].to;
             const auto known = figures.constFind(to);
             if (known == figures.constEnd()) {
                 enter(to);
@@ -109,14 +157,15 @@ SceneGraphSurvey::SceneGraphSurvey(SoNode* root)
         Figures done;
         done.finished = true;
         done.visits = 1;
-        for (size_t i = 0; i < frame.edges.size(); ++i) {
-            const Figures& next = figures[frame.edges[i].to];
+        for (size_t i = frame.first; i < frame.end; ++i) {
+            const Figures& next = figures[edges[i].to];
             done.depth = std::max(done.depth, next.depth);
-            if (int(i) < frame.childCount)
+            if (i < frame.first + size_t(frame.childCount))
                 done.visits = addSaturating(done.visits, next.visits);
         }
         ++done.depth;
         figures.insert(frame.node, done);
+        edges.resize(frame.first);
         pending.pop_back();
     }
     if (m_cycle) {
@@ -128,7 +177,7 @@ SceneGraphSurvey::SceneGraphSurvey(SoNode* root)
             // The frames still on the stack are the way down to it.
             QString place;
             for (size_t i = 0; i + 1 < pending.size() && pending[i].node != m_cycle; ++i)
-                place += placeOf(pending[i].node, pending[i].edges[pending[i].next - 1]);
+                place += placeOf(pending[i].node, edges[pending[i].next - 1]);
             m_cycleText = tr("%1 at %2").arg(type, place.isEmpty() ? QStringLiteral("/") : place);
         }
         return;
@@ -174,9 +223,11 @@ void SceneGraphSurvey::dismantle(SoNode* root)
     QSet<SoNode*> seen{root};
     std::vector<SoNode*> nodes{root};
     std::vector<Edge> edges;
+    NodeFieldPlaces places;
     int childCount = 0;
     for (size_t i = 0; i < nodes.size(); ++i) {
-        edgesOf(nodes[i], &edges, &childCount);
+        edges.clear();
+        appendEdgesOf(nodes[i], &places, &edges, &childCount);
         for (const Edge& edge : edges) {
             if (!seen.contains(edge.to)) {
                 seen.insert(edge.to);

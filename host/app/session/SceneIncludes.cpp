@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <string_view>
+
 #include <sys/stat.h>
 
 namespace {
@@ -72,12 +74,14 @@ public:
         }
     }
 
-    QByteArray word()
+    // A view into the text, not a copy: every word and number of a scene of
+    // megabytes is looked at, and all but a few are passed over.
+    std::string_view word()
     {
         const int start = m_at;
         while (!atEnd() && isNameCharacter(peek()))
             step();
-        return m_text.mid(start, m_at - start);
+        return std::string_view(m_text.constData() + start, size_t(m_at - start));
     }
 
     // A quoted string keeps what its backslashes escape; a word ends at
@@ -119,7 +123,7 @@ private:
     int m_at = 0;
 };
 
-bool isIncludingNode(const QByteArray& word)
+bool isIncludingNode(std::string_view word)
 {
     return word == "File" || word == "Inline" || word == "WWWInline";
 }
@@ -132,8 +136,8 @@ void readNodeNames(Cursor* cursor, QStringList* names)
         cursor->skipSpace();
         if (cursor->atEnd() || cursor->peek() == '}')
             return;
-        const QByteArray field = cursor->word();
-        if (field.isEmpty()) {
+        const std::string_view field = cursor->word();
+        if (field.empty()) {
             cursor->skipToken();
             continue;
         }
@@ -190,7 +194,7 @@ QStringList SceneIncludes::names(const QByteArray& text)
         if (!isNameCharacter(text.at(at)) || (at > 0 && isNameCharacter(text.at(at - 1))))
             continue;
         cursor.moveTo(at);
-        const QByteArray word = cursor.word();
+        const std::string_view word = cursor.word();
         if (!isIncludingNode(word))
             continue;
         cursor.skipSpace();

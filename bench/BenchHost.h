@@ -1,5 +1,7 @@
 #pragma once
 // The host window and the 100,000-node scene the host benchmarks share.
+#include "BenchSupport.h"
+
 #include <KalFieldSampler.h>
 #include <KalHostWindow.h>
 #include <KalPluginsManager.h>
@@ -12,6 +14,10 @@
 #include <QTemporaryDir>
 
 #include <functional>
+
+// Opening a scene frees the one before: the figures are those of a host
+// that has done so before.
+inline const bool kHostSteadyAllocator = steadyAllocator();
 
 // A scene of 1,000 groups under one root, written once per run into a
 // folder of its own; each group's body comes from writeGroup.

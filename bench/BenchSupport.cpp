@@ -32,6 +32,13 @@ void selectFieldWithSensors(SoField* field)
     eventLoopPass();
 }
 
+bool steadyAllocator()
+{
+    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
+    mallopt(M_TRIM_THRESHOLD, 64 * 1024 * 1024);
+    return true;
+}
+
 double heapBytesInUse()
 {
     return double(mallinfo2().uordblks);

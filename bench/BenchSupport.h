@@ -27,6 +27,15 @@ void selectField(SoField* field);
 // event loop would run them.
 void selectFieldWithSensors(SoField* field);
 
+// glibc serves blocks above a threshold straight from the system and raises
+// the threshold each time it gives such a block back, up to 32 MB (and keeps
+// up to 64 MB of freed heap); a thread's own heap is given back whole once
+// nothing in it is in use. A host that has shown one long list or closed
+// one large scene has reached that state. Fixed at it from the start, no
+// figure depends on which benchmark ran before it. Returns true, so that a
+// program can call it from a static initialiser.
+bool steadyAllocator();
+
 // Heap bytes in use, from the allocator itself: unlike the resident size it
 // is not hidden by memory an earlier repetition freed and this one reuses.
 // glibc's per-thread cache keeps up to seven freed blocks of each small size

@@ -7,19 +7,9 @@
 #include <QPixmap>
 #include <QTableWidget>
 
-#include <malloc.h>
-
 namespace {
 
-// glibc serves blocks above a threshold straight from the system and raises
-// the threshold each time it gives such a block back, up to 32 MB: a host
-// that has shown one long list serves the next from its heap. Fixed at
-// that state from the start, no figure depends on which ran before it.
-const bool kSteadyAllocator = [] {
-    mallopt(M_MMAP_THRESHOLD, 32 * 1024 * 1024);
-    mallopt(M_TRIM_THRESHOLD, 64 * 1024 * 1024);
-    return true;
-}();
+const bool kSteadyAllocator = steadyAllocator();
 
 const char* const kListLabels[] = {"MFFloat", "MFString", "MFVec3f", "MFRotation", "MFColor"};
 

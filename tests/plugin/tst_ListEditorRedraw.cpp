@@ -6,6 +6,8 @@
 #include "AllFieldsNode.h"
 #include "ListEditorTesting.h"
 
+#include <QPaintEvent>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSet>
 
@@ -24,6 +26,8 @@ public:
     ~RedrawLog() override { qApp->removeEventFilter(this); }
     QSet<QObject*> painted;
     QSet<QObject*> laidOut;
+    // What was painted of each widget, all paints together.
+    QHash<QObject*, QRegion> regions;
 
     // The widgets in `within` (itself included) painted other than those in
     // `allowed` and their children, by object and class name.
@@ -44,13 +48,24 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Paint)
+        if (event->type() == QEvent::Paint) {
             painted.insert(watched);
-        else if (event->type() == QEvent::LayoutRequest)
+            regions[watched] += static_cast<QPaintEvent*>(event)->region();
+        } else if (event->type() == QEvent::LayoutRequest)
             laidOut.insert(watched);
         return false;
     }
 };
+
+// What the window system was last given of the widget: its window's backing
+// store, not a fresh rendering as QWidget::grab() makes.
+QImage onScreen(QWidget* widget)
+{
+    const QPoint at = widget->mapTo(widget->window(), QPoint(0, 0));
+    return widget->screen()
+        ->grabWindow(widget->window()->winId(), at.x(), at.y(), widget->width(), widget->height())
+        .toImage();
+}
 
 } // namespace
 
@@ -61,6 +76,9 @@ class tst_ListEditorRedraw : public ListEditorFixture
 private slots:
     void unchangedCountRedrawsOnlyTheCells();
     void pageRedrawsOnlyTheTable();
+    void aRefreshRepaintsTheChangedCellsOnly();
+    void aValueChangedBackIsNotLeftShowing();
+    void valuesChangedOutOfSightShowWhenScrolledTo();
 };
 
 // A refresh that keeps the count leaves the quick-access box's range alone:
@@ -112,6 +130,94 @@ void tst_ListEditorRedraw::pageRedrawsOnlyTheTable()
     QVERIFY2(painted.isEmpty(), qPrintable(painted.join(QLatin1String(", "))));
     QVERIFY(!log.laidOut.contains(editorFrame));
     QCOMPARE(table()->rowAt(0), bar->value());
+}
+
+// One value of a long list changed elsewhere (an engine, another program)
+// repaints the cell that shows it, not every row in sight.
+void tst_ListEditorRedraw::aRefreshRepaintsTheChangedCellsOnly()
+{
+    QStringList many;
+    for (int i = 0; i < 1000; ++i)
+        many << QString::number(i);
+    fill(m_node->mfString, many);
+    select(&m_node->mfString);
+    QTest::qWait(20);
+    QWidget* viewport = table()->viewport();
+    const QRect cell = table()->visualRect(table()->model()->index(3, 0));
+    QVERIFY(viewport->rect().contains(cell));
+    // The first refresh after the table took its size paints every row in
+    // sight, and notes what each shows.
+    m_node->mfString.set1Value(2, "first");
+    processSensors();
+    QTest::qWait(20);
+    {
+        const RedrawLog log;
+        m_node->mfString.set1Value(3, "changed");
+        processSensors();
+        QTRY_VERIFY(log.painted.contains(viewport));
+        QTest::qWait(20);
+        QCOMPARE(log.regions.value(viewport).boundingRect(), cell);
+    }
+    QCOMPARE(shownEditor()->getValueText(3, 0), QStringLiteral("changed"));
+    {
+        // The same value again: nothing in sight reads otherwise.
+        const RedrawLog log;
+        m_node->mfString.set1Value(3, "changed");
+        m_node->mfString.set1Value(900, "out of sight");
+        processSensors();
+        QTest::qWait(50);
+        QVERIFY(!log.painted.contains(viewport));
+    }
+}
+
+// A value changed, painted (the pointer passing over the cell) and changed
+// back before the editor heard of it: the cell is painted again, so that it
+// does not keep showing the value in between.
+void tst_ListEditorRedraw::aValueChangedBackIsNotLeftShowing()
+{
+    select(&m_node->mfFloat);
+    QTest::qWait(20);
+    // A first refresh once the table has its size: the rows in sight are
+    // noted as painted.
+    m_node->mfFloat.touch();
+    processSensors();
+    QTest::qWait(20);
+    QWidget* viewport = table()->viewport();
+    const float before = m_node->mfFloat[1];
+    m_node->mfFloat.enableNotify(false);
+    m_node->mfFloat.set1Value(1, 8.0f);
+    viewport->repaint();
+    m_node->mfFloat.set1Value(1, before);
+    m_node->mfFloat.enableNotify(true);
+    m_node->mfFloat.touch();
+    processSensors();
+    QTest::qWait(20);
+    const QImage shown = onScreen(viewport);
+    QVERIFY(!shown.isNull());
+    viewport->repaint();
+    QCOMPARE(shown, onScreen(viewport));
+    QCOMPARE(shownEditor()->getValueText(1, 0), QString::number(double(before)));
+}
+
+// A value changed while out of sight reads right once scrolled to.
+void tst_ListEditorRedraw::valuesChangedOutOfSightShowWhenScrolledTo()
+{
+    QStringList many;
+    for (int i = 0; i < 1000; ++i)
+        many << QString::number(i);
+    fill(m_node->mfString, many);
+    select(&m_node->mfString);
+    QTest::qWait(20);
+    m_node->mfString.set1Value(900, "far down");
+    processSensors();
+    QTest::qWait(20);
+    table()->scrollTo(table()->model()->index(900, 0), QAbstractItemView::PositionAtTop);
+    QTest::qWait(20);
+    const QImage shown = onScreen(table()->viewport());
+    QVERIFY(!shown.isNull());
+    table()->viewport()->repaint();
+    QCOMPARE(shown, onScreen(table()->viewport()));
+    QCOMPARE(shownEditor()->getValueText(900, 0), QStringLiteral("far down"));
 }
 
 QTEST_MAIN(tst_ListEditorRedraw)

@@ -134,6 +134,8 @@ void FxMFieldTableItemDelegate::paintValue(QPainter* painter, const QStyleOption
     if (selected)
         painter->fillRect(option.rect, option.palette.highlight());
     const QString text = m_fieldWidget ? m_fieldWidget->getValueText(row, column) : QString();
+    if (m_fieldWidget)
+        m_fieldWidget->notePainted(row, column, text);
     if (!text.isEmpty()) {
         painter->setPen(
             option.palette.color(QPalette::Normal, selected ? QPalette::HighlightedText : QPalette::Text));
@@ -181,6 +183,8 @@ QWidget* FxMFieldTableItemDelegate::createEditor(QWidget* parent, const QStyleOp
     const int column = index.column();
     const int columns = index.model() ? index.model()->columnCount() : 0;
     const QString text = m_fieldWidget ? m_fieldWidget->getValueText(row, column) : QString();
+    if (m_fieldWidget)
+        m_fieldWidget->notePainted(row, column, text);
 
     QWidget* editor = nullptr;
     if (column == 0 && columns == 1)

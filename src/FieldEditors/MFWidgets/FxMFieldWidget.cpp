@@ -214,6 +214,7 @@ void FxMFieldWidget::deactivate()
 // and the header), so a table that held a long list is replaced.
 void FxMFieldWidget::releaseTableRows()
 {
+    m_paintedCells.forget();
     if (!m_table)
         return;
     if (m_table->rowCount() <= keptRowsLimit || !m_globalLayout) {
@@ -253,6 +254,7 @@ void FxMFieldWidget::languageChange()
 
 void FxMFieldWidget::setField(SoField* field)
 {
+    m_paintedCells.forget();
     if (!field) {
         // The field is gone (its node was deleted) or taken away: nothing of
         // it may be read again.
@@ -266,14 +268,15 @@ void FxMFieldWidget::setField(SoField* field)
 }
 
 // Cell texts are not copied into the table: the delegate asks for them when
-// it paints, so a new row count and a repaint are all a refresh needs.
+// it paints, so a new row count and a repaint of the cells whose text
+// changed are all a refresh needs.
 void FxMFieldWidget::updateWidget()
 {
     if (!m_table || !m_refreshEnabled)
         return;
     SoMField* field = getField();
     m_table->setNumRows(field ? field->getNum() : 0);
-    m_table->viewport()->update();
+    m_paintedCells.repaintChanged(m_table, [this](int row, int column) { return getValueText(row, column); });
     if (field && m_ignoreButton)
         m_ignoreButton->setChecked(field->isIgnored());
     updateElementCount();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KalFieldEditors.h"
+#include "PaintedCells.h"
 
 #include <QPixmap>
 
@@ -61,6 +62,10 @@ public:
     // prepares its table for it (columns, value kind, span).
     virtual bool acceptField(SoField* field);
 
+    // The delegate says what text it painted in a cell, so that a refresh
+    // repaints only the cells whose value changed since.
+    void notePainted(int row, int column, const QString& text) { m_paintedCells.note(row, column, text); }
+
     void setTypeLabel(const QString& typeName);
     void updateElementCount();
 
@@ -114,6 +119,8 @@ protected:
     int m_tableKind = PlainTable;
 
 private:
+    PaintedCells m_paintedCells;
+
     FxMFieldTable* makeTable();
     void connectTable();
     // A table keeps the bookkeeping of the most rows it ever had, even when

@@ -73,6 +73,18 @@ class tst_ListEditorRedraw : public ListEditorFixture
 {
     Q_OBJECT
 
+private:
+    // The string list filled with 1,000 values, more than a page, and shown.
+    void selectThousandStrings()
+    {
+        QStringList many;
+        for (int i = 0; i < 1000; ++i)
+            many << QString::number(i);
+        fill(m_node->mfString, many);
+        select(&m_node->mfString);
+        QTest::qWait(20);
+    }
+
 private slots:
     void unchangedCountRedrawsOnlyTheCells();
     void pageRedrawsOnlyTheTable();
@@ -106,12 +118,7 @@ void tst_ListEditorRedraw::unchangedCountRedrawsOnlyTheCells()
 // as a bare table does, and nothing else of the editor.
 void tst_ListEditorRedraw::pageRedrawsOnlyTheTable()
 {
-    QStringList many;
-    for (int i = 0; i < 1000; ++i)
-        many << QString::number(i);
-    fill(m_node->mfString, many);
-    select(&m_node->mfString);
-    QTest::qWait(20);
+    selectThousandStrings();
     QScrollBar* bar = table()->verticalScrollBar();
     QVERIFY(bar->maximum() > bar->pageStep());
     const RedrawLog log;
@@ -136,12 +143,7 @@ void tst_ListEditorRedraw::pageRedrawsOnlyTheTable()
 // repaints the cell that shows it, not every row in sight.
 void tst_ListEditorRedraw::aRefreshRepaintsTheChangedCellsOnly()
 {
-    QStringList many;
-    for (int i = 0; i < 1000; ++i)
-        many << QString::number(i);
-    fill(m_node->mfString, many);
-    select(&m_node->mfString);
-    QTest::qWait(20);
+    selectThousandStrings();
     QWidget* viewport = table()->viewport();
     const QRect cell = table()->visualRect(table()->model()->index(3, 0));
     QVERIFY(viewport->rect().contains(cell));
@@ -202,12 +204,7 @@ void tst_ListEditorRedraw::aValueChangedBackIsNotLeftShowing()
 // A value changed while out of sight reads right once scrolled to.
 void tst_ListEditorRedraw::valuesChangedOutOfSightShowWhenScrolledTo()
 {
-    QStringList many;
-    for (int i = 0; i < 1000; ++i)
-        many << QString::number(i);
-    fill(m_node->mfString, many);
-    select(&m_node->mfString);
-    QTest::qWait(20);
+    selectThousandStrings();
     m_node->mfString.set1Value(900, "far down");
     processSensors();
     QTest::qWait(20);

@@ -239,14 +239,15 @@ void SceneGraphSurvey::dismantle(SoNode* root)
         node->ref();
         node->enableNotify(FALSE);
     }
+    const std::vector<NodeFieldPlaces::Place> noPlaces;
     for (SoNode* node : nodes) {
         const SoFieldData* fields = node->getFieldData();
-        for (int i = 0; fields && i < fields->getNumFields(); ++i) {
-            SoField* field = fields->getField(node, i);
-            if (field->isOfType(SoSFNode::getClassTypeId()))
-                static_cast<SoSFNode*>(field)->setValue(nullptr);
-            else if (field->isOfType(SoMFNode::getClassTypeId()))
+        for (const NodeFieldPlaces::Place& place : fields ? places.of(node, fields) : noPlaces) {
+            SoField* field = fields->getField(node, place.index);
+            if (place.list)
                 static_cast<SoMFNode*>(field)->setNum(0);
+            else
+                static_cast<SoSFNode*>(field)->setValue(nullptr);
         }
         if (SoChildList* children = node->getChildren())
             children->truncate(0);

@@ -73,6 +73,7 @@ private slots:
     void readErrorOfABrokenScene();
     void filtersDropWhileOff();
     void clearEmptiesTheConsole();
+    void latinTextIsNotShapedInTheApplicationFont();
     void textFromAnotherThreadArrives();
     void captureCanBeSwitchedOff();
     void deactivationGivesTheStreamsBack();
@@ -275,6 +276,26 @@ void tst_Console::clearEmptiesTheConsole()
     QCOMPARE(texts(output()).size(), 1);
     QTest::mouseClick(button("m_clearButton"), Qt::LeftButton);
     QVERIFY(texts(output()).isEmpty());
+}
+
+void tst_Console::latinTextIsNotShapedInTheApplicationFont()
+{
+    const auto unshaped = [](const QFont& font) {
+        return (font.styleStrategy() & QFont::PreferNoShaping) != 0;
+    };
+    QVERIFY(unshaped(output()->font()));
+    QVERIFY(unshaped(output()->document()->defaultFont()));
+    QCOMPARE(output()->font().family(), QApplication::font().family());
+
+    const QFont before = QApplication::font();
+    QFont larger = before;
+    larger.setPointSize(before.pointSize() + 7);
+    QApplication::setFont(larger);
+    const int shownSize = output()->document()->defaultFont().pointSize();
+    const bool stillUnshaped = unshaped(output()->document()->defaultFont());
+    QApplication::setFont(before);
+    QCOMPARE(shownSize, before.pointSize() + 7);
+    QVERIFY(stillUnshaped);
 }
 
 void tst_Console::textFromAnotherThreadArrives()

@@ -15,6 +15,8 @@
 #include <QTreeView>
 #include <QtTest>
 
+#include <algorithm>
+
 class tst_HostColumnRoom : public HostWindowFixture
 {
     Q_OBJECT
@@ -122,6 +124,10 @@ void tst_HostColumnRoom::aDrivenFieldsCaptionIsNotCut()
                             .arg(caption->height())
                             .arg(caption->heightForWidth(caption->width()))
                             .arg(caption->width())));
+    // The dock is asked for the height of the text as wrapped at the
+    // caption's width, not for that of a line at no width at all.
+    QCOMPARE(caption->sizeHint().height(),
+             std::min(caption->heightForWidth(caption->width()), caption->maximumHeight()));
     QVERIFY2(wholeTreeRows() >= 8, qPrintable(QString::number(wholeTreeRows())));
 }
 

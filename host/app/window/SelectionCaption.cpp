@@ -118,9 +118,26 @@ void SelectionCaption::showEvent(QShowEvent* event)
     fitHeight();
 }
 
+QSize SelectionCaption::sizeHint() const
+{
+    return QSize(0, m_fittedHeight > 0 ? m_fittedHeight : oneLineHeight());
+}
+
+QSize SelectionCaption::minimumSizeHint() const
+{
+    return QSize(0, oneLineHeight());
+}
+
+int SelectionCaption::oneLineHeight() const
+{
+    return fontMetrics().lineSpacing() + 2 * margin();
+}
+
 void SelectionCaption::fitHeight()
 {
     if (!isVisible())
         return;
-    setMinimumHeight(std::min(heightForWidth(width()), maximumHeight()));
+    m_fittedHeight = std::min(heightForWidth(width()), maximumHeight());
+    // Asks the layouts again when the height changed, hints included.
+    setMinimumHeight(m_fittedHeight);
 }

@@ -34,6 +34,13 @@ public:
     // The type name shown in the tree's type column.
     static QString typeOf(const QModelIndex& row);
 
+    // The layouts ask for both at every new text; QLabel answers by laying
+    // the rich text out at several widths, none of them the one it has. The
+    // width is never asked for (the caption's is ignored), the height is the
+    // one fitted at the caption's own width.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -45,7 +52,11 @@ private:
     // not free: a hidden caption waits until it shows.
     void fitHeight();
 
+    int oneLineHeight() const;
+
     QDockWidget* m_dock = nullptr;
+    // The height fitHeight last found, 0 before the caption first showed.
+    int m_fittedHeight = 0;
     NodeSummary* m_summary;
     QString m_plain;
 };

@@ -112,6 +112,19 @@ class BenchCheck(unittest.TestCase):
         self.assertEqual(self.check("bench_A BM_Figure BM_Floor 1.2\n")[0], 1)
         self.assertEqual(self.check("bench_A BM_Figure BM_Floor 1.2\n", "--time", "cpu_time")[0], 0)
 
+    def test_manual_time_is_read_as_real_time(self):
+        # Google Benchmark names a manually timed benchmark BM_Name/manual_time
+        # and counts the untimed steps of its loop in its CPU time.
+        figure = median("BM_Figure/manual_time", 3.0)
+        figure["cpu_time"] = 9.0
+        floor = median("BM_Floor", 2.0)
+        floor["cpu_time"] = 2.0
+        self.write("bench_A", [floor, figure])
+        for options in ((), ("--time", "cpu_time")):
+            code, out = self.check("bench_A BM_Figure BM_Floor 2\n", *options)
+            self.assertEqual(code, 0, out)
+            self.assertIn("1.50", out)
+
     def test_missing_figure_or_program_fails(self):
         self.write("bench_A", [median("BM_Floor", 2.0)])
         code, out = self.check("bench_A BM_Figure BM_Floor 2\n")

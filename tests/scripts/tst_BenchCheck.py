@@ -104,6 +104,16 @@ class BenchCheck(unittest.TestCase):
         self.assertEqual(code, 1, out)
         self.assertIn("1.50", out)
 
+    def test_floor_timed_beside_as_a_counter(self):
+        # A floor a benchmark times in its own iterations is a counter in
+        # nanoseconds, compared with the benchmark's own time.
+        self.write("bench_A", [median("BM_Step/manual_time", 9.0, unit="us", floor_ns=6000.0)])
+        code, out = self.check("bench_A BM_Step BM_Step:floor_ns 1.4\n")
+        self.assertEqual(code, 1, out)
+        self.assertIn("1.50", out)
+        self.assertIn("6 us", out)
+        self.assertEqual(self.check("bench_A BM_Step BM_Step:floor_ns 2\n")[0], 0)
+
     def test_cpu_time_on_request(self):
         self.write("bench_A", [median("BM_Floor", 2.0), median("BM_Figure", 3.0)])
         entries = json.loads((self.dir / "bench_A.json").read_text())["benchmarks"]

@@ -2,6 +2,8 @@
 // What the benchmark programs share: the plug-in loaded into a shown window,
 // nodes kept for the whole program, a selection carried through as the host
 // carries it, and the readings of the heap and of page faults.
+#include <chrono>
+
 class QDockWidget;
 class SoField;
 
@@ -18,6 +20,16 @@ Node* keptNode()
     auto* node = new Node;
     node->ref();
     return node;
+}
+
+// The wall time of `action`, in seconds, for a benchmark that times its
+// steps itself (UseManualTime): what sets up the next step stays out.
+template <class Action>
+double secondsOf(Action action)
+{
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
 // `field` announced as the selection, then one event-loop pass: the dock

@@ -1,6 +1,10 @@
 // The cost the undo history adds to a value edit of a float field, against
 // the floor of Coin's own text round trip (one get and one set). Each step
-// is timed alone, with the floor timed beside it in the same iteration.
+// is timed alone (secondsOf), with the floor timed beside it in the same
+// iteration. Pausing the benchmark's timers around the untimed steps instead
+// cost more than an undo: two readings of the thread's CPU clock each way,
+// which on this machine take microseconds and varied by a third between
+// runs.
 #include "BenchSupport.h"
 
 #include <KalSFSetValueCommand.h>
@@ -10,8 +14,6 @@
 #include <Inventor/nodes/SoComplexity.h>
 
 #include <benchmark/benchmark.h>
-
-#include <chrono>
 
 namespace {
 
@@ -29,18 +31,6 @@ SoSFFloat& floorField()
     return node->value;
 }
 
-// The steps are timed alone, whatever sets up the next one left out.
-// Pausing the benchmark's timers for it instead cost more than an undo: two
-// readings of the thread's CPU clock each way, which on this machine take
-// microseconds and varied by a third between runs.
-template <class Step>
-double timed(Step step)
-{
-    const auto start = std::chrono::steady_clock::now();
-    step();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
 void getAndSet(SoSFFloat& field, SbString& text)
 {
     field.get(text);
@@ -55,7 +45,7 @@ class FloorBeside
 public:
     void measure()
     {
-        m_seconds += timed([this] { getAndSet(floorField(), m_text); });
+        m_seconds += secondsOf([this] { getAndSet(floorField(), m_text); });
         ++m_count;
     }
     // The counter "floor_ns", the mean time of one floor in nanoseconds.
@@ -103,7 +93,7 @@ static void BM_PushSetValueCommand(benchmark::State& state)
     FloorBeside floor;
     int pushed = 0;
     for (auto _ : state) {
-        state.SetIterationTime(timed([services, &field] {
+        state.SetIterationTime(secondsOf([services, &field] {
             SbString before("0.25");
             services->pushCommand(new KalSFSetValueCommand(&field, before));
         }));
@@ -125,7 +115,7 @@ static void BM_UndoSetValueCommand(benchmark::State& state)
     pushOneEdit(0.5f);
     FloorBeside floor;
     for (auto _ : state) {
-        state.SetIterationTime(timed([services] { services->undo(); }));
+        state.SetIterationTime(secondsOf([services] { services->undo(); }));
         services->redo();
         floor.measure();
     }
@@ -142,7 +132,7 @@ static void BM_RedoSetValueCommand(benchmark::State& state)
     FloorBeside floor;
     for (auto _ : state) {
         services->undo();
-        state.SetIterationTime(timed([services] { services->redo(); }));
+        state.SetIterationTime(secondsOf([services] { services->redo(); }));
         floor.measure();
     }
     services->clearHistory();

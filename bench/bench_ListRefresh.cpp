@@ -16,19 +16,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
-
 namespace {
 
 constexpr int kRows = ListScene::kRows;
-
-template <class Action>
-double secondsOf(Action action)
-{
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
 
 } // namespace
 

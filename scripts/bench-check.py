@@ -69,9 +69,12 @@ class Run:
         self.medians = [e for e in entries if e.get("aggregate_name") == "median"]
         if not self.medians:
             self.medians = [e for e in entries if e.get("run_type") == "iteration"]
-        # The run options Google Benchmark appends to a name
-        # (BM_Memory/iterations:1, BM_Row/0/manual_time) are not part of it.
         for entry in self.medians:
+            # A manually timed benchmark's own time is its real time; its CPU
+            # time is that of every step of the loop, the untimed ones too.
+            entry["manual_time"] = "/manual_time" in entry.get("run_name", entry.get("name", ""))
+            # The run options Google Benchmark appends to a name
+            # (BM_Memory/iterations:1, BM_Row/0/manual_time) are not part of it.
             entry["run_name"] = re.sub(r"/(?:iterations|min_time|repeats|threads):[^/]*"
                                        r"|/(?:real_time|manual_time|process_time)", "",
                                        entry.get("run_name", entry.get("name", "")))
@@ -102,9 +105,7 @@ class Run:
             if counter not in entry:
                 raise Missing(f"{name} has no counter {counter} in {self.path}")
             return factor * float(entry[counter]), ""
-        # A manually timed benchmark's own time is its real time; its CPU time
-        # is that of every step of the loop, the untimed ones included.
-        field = "real_time" if "/manual_time" in entry.get("name", "") else self.time_field
+        field = "real_time" if entry["manual_time"] else self.time_field
         seconds = float(entry[field]) * NANOSECONDS[entry.get("time_unit", "ns")]
         return factor * seconds, "ns"
 

@@ -36,8 +36,12 @@ public:
         bool list;
     };
 
+    // `fields` is the node's field data; a node without any has no places.
     const std::vector<Place>& of(SoNode* node, const SoFieldData* fields)
     {
+        static const std::vector<Place> none;
+        if (!fields)
+            return none;
         auto known = m_places.find(fields);
         if (known != m_places.end())
             return known->second;
@@ -73,8 +77,6 @@ void appendEdgesOf(SoNode* node, NodeFieldPlaces* places, std::vector<Edge>* edg
         }
     }
     const SoFieldData* fields = node->getFieldData();
-    if (!fields)
-        return;
     for (const NodeFieldPlaces::Place& place : places->of(node, fields)) {
         SoField* field = fields->getField(node, place.index);
         if (!place.list) {
@@ -239,10 +241,9 @@ void SceneGraphSurvey::dismantle(SoNode* root)
         node->ref();
         node->enableNotify(FALSE);
     }
-    const std::vector<NodeFieldPlaces::Place> noPlaces;
     for (SoNode* node : nodes) {
         const SoFieldData* fields = node->getFieldData();
-        for (const NodeFieldPlaces::Place& place : fields ? places.of(node, fields) : noPlaces) {
+        for (const NodeFieldPlaces::Place& place : places.of(node, fields)) {
             SoField* field = fields->getField(node, place.index);
             if (place.list)
                 static_cast<SoMFNode*>(field)->setNum(0);

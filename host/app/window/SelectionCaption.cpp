@@ -120,7 +120,9 @@ void SelectionCaption::showEvent(QShowEvent* event)
 
 QSize SelectionCaption::sizeHint() const
 {
-    return QSize(0, m_fittedHeight > 0 ? m_fittedHeight : oneLineHeight());
+    // The fitted height is the minimum fitHeight sets; none before the
+    // caption first showed.
+    return QSize(0, minimumHeight() > 0 ? minimumHeight() : oneLineHeight());
 }
 
 QSize SelectionCaption::minimumSizeHint() const
@@ -137,7 +139,6 @@ void SelectionCaption::fitHeight()
 {
     if (!isVisible())
         return;
-    m_fittedHeight = std::min(heightForWidth(width()), maximumHeight());
     // Asks the layouts again when the height changed, hints included.
-    setMinimumHeight(m_fittedHeight);
+    setMinimumHeight(std::min(heightForWidth(width()), maximumHeight()));
 }

@@ -55,8 +55,6 @@ private:
     int oneLineHeight() const;
 
     QDockWidget* m_dock = nullptr;
-    // The height fitHeight last found, 0 before the caption first showed.
-    int m_fittedHeight = 0;
     NodeSummary* m_summary;
     QString m_plain;
 };
